@@ -1,0 +1,39 @@
+# How everything is compiled. Three sets, each an interface library:
+#   kardeno_arithmetic  what the pixels depend on; whatever computes with the library's numbers uses it, tests included
+#   kardeno_warnings    the warnings that tests and tools are held to
+#   kardeno_options     the library itself: both of the above and what keeps a run-time library out of it
+
+add_library(kardeno_arithmetic INTERFACE)
+target_compile_options(kardeno_arithmetic INTERFACE -ffp-contract=off -fno-math-errno)
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "i686")
+    # Hosts call in with any multiple of 4 in ESP, SSE wants 16.
+    target_compile_options(kardeno_arithmetic INTERFACE -msse2 -mfpmath=sse -mstackrealign)
+endif()
+
+add_library(kardeno_warnings INTERFACE)
+target_compile_options(kardeno_warnings INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Werror)
+
+add_library(kardeno_options INTERFACE)
+target_link_libraries(kardeno_options INTERFACE kardeno_arithmetic kardeno_warnings)
+target_compile_options(kardeno_options INTERFACE
+    -fno-exceptions -fno-rtti -fno-threadsafe-statics -fvisibility=hidden
+    -Wconversion -Wsign-conversion)
+
+# Everything that is built, tests and sample host too: the run-time of the sanitizers must come with the program.
+if(KARDENO_SANITIZED)
+    set(sanitizers -fsanitize=address,undefined -fno-sanitize=vptr)
+    add_compile_options(${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(${sanitizers})
+endif()
+
+# A file whose name ends in the name of an instruction level may use that level. SSE2 is what every file may use.
+# No level has FMA: it would round once where the scalar routine rounds twice.
+set(instruction_level_avx2 -mavx2 -mno-fma)
+
+function(kardeno_set_instruction_levels)
+    foreach(file IN LISTS ARGN)
+        if(file MATCHES "_(avx2)\\.(cpp|h\\.cpp)$")
+            set_property(SOURCE ${file} PROPERTY COMPILE_OPTIONS ${instruction_level_${CMAKE_MATCH_1}})
+        endif()
+    endforeach()
+endfunction()

@@ -1,0 +1,44 @@
+# The library: its rooms, from the one that knows nobody to the one that knows all.
+set(kardeno_rooms support interface geometry spanbuffer raster frame)
+
+# The entry routine that Windows calls belongs to the DLL alone, not to the test programs.
+set(library_entry_win32 ${PROJECT_SOURCE_DIR}/interface/library_entry_win32.cpp)
+
+set(kardeno_sources)
+foreach(room ${kardeno_rooms})
+    file(GLOB sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/${room}/*.cpp)
+    list(APPEND kardeno_sources ${sources})
+endforeach()
+list(REMOVE_ITEM kardeno_sources ${library_entry_win32})
+kardeno_set_instruction_levels(${kardeno_sources})
+
+# The objects stand apart from the library so that tests can reach what the library does not export.
+add_library(kardeno_objects OBJECT ${kardeno_sources})
+target_include_directories(kardeno_objects PUBLIC ${PROJECT_SOURCE_DIR})
+target_compile_definitions(kardeno_objects PRIVATE KARDENO_BUILDING_LIBRARY)
+target_link_libraries(kardeno_objects PRIVATE kardeno_options)
+
+add_library(kardeno_soft SHARED $<TARGET_OBJECTS:kardeno_objects>)
+set_target_properties(kardeno_soft PROPERTIES LINKER_LANGUAGE CXX)
+
+if(WIN32)
+    # No start-up files: nothing runs and nothing is allocated at load but our own entry routine. The fixed base and the
+    # missing time stamp make the file depend on the sources alone.
+    target_sources(kardeno_soft PRIVATE ${library_entry_win32})
+    target_include_directories(kardeno_soft PRIVATE ${PROJECT_SOURCE_DIR})
+    target_compile_definitions(kardeno_soft PRIVATE KARDENO_BUILDING_LIBRARY)
+    target_link_libraries(kardeno_soft PRIVATE kardeno_options)
+    target_link_options(kardeno_soft PRIVATE -nostartfiles -static
+        -Wl,-e,_DllMain@12 -Wl,--image-base,0x10000000 -Wl,--no-insert-timestamp)
+    set_target_properties(kardeno_soft PROPERTIES PREFIX "")
+else()
+    set_target_properties(kardeno_objects PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    set(version_script ${PROJECT_SOURCE_DIR}/cmake/kardeno_soft.map)
+    target_link_options(kardeno_soft PRIVATE -Wl,--version-script,${version_script})
+    set_target_properties(kardeno_soft PROPERTIES LINK_DEPENDS ${version_script})
+    if(NOT KARDENO_SANITIZED)
+        # The C library and the compiler's helpers are all it may need; anything else is an error here and not at load.
+        target_link_options(kardeno_soft PRIVATE -nodefaultlibs -Wl,-z,defs)
+        target_link_libraries(kardeno_soft PRIVATE c gcc)
+    endif()
+endif()

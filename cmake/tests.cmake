@@ -1,0 +1,57 @@
+# One test program per folder of tests/, linked with the library's objects.
+#
+#   tests/<room>/*_test.cpp          the tests; the other .cpp files of that folder are helpers of this one program
+#   tests/support, tests/scenes      helpers and scenes that all programs share (only *_test.cpp are tests there)
+if(NOT EXISTS ${CMAKE_BINARY_DIR}/headers/doctest/doctest.h)
+    message(FATAL_ERROR "The tests need doctest: run tools/setup check, or configure with -DKARDENO_TESTS=OFF")
+endif()
+
+set(test_folder ${PROJECT_SOURCE_DIR}/tests)
+
+# Programs for Windows must find Wine's server running: the first one would otherwise start it, and CTest would wait for
+# the server to end, since it inherits the pipe that CTest reads.
+if(WIN32 AND CMAKE_CROSSCOMPILING)
+    add_test(NAME fixture_wine COMMAND ${PROJECT_SOURCE_DIR}/tools/wine32 start)
+    set_tests_properties(fixture_wine PROPERTIES FIXTURES_SETUP emulator)
+endif()
+
+add_library(test_options INTERFACE)
+target_include_directories(test_options INTERFACE ${PROJECT_SOURCE_DIR})
+target_link_libraries(test_options INTERFACE kardeno_arithmetic kardeno_warnings third_party_headers)
+
+add_library(test_main OBJECT ${test_folder}/test_main.cpp)
+target_link_libraries(test_main PRIVATE test_options)
+
+file(GLOB shared_sources CONFIGURE_DEPENDS ${test_folder}/support/*.cpp ${test_folder}/scenes/*.cpp)
+list(FILTER shared_sources EXCLUDE REGEX "_test\\.cpp$")
+if(shared_sources)
+    add_library(test_support OBJECT ${shared_sources})
+    target_link_libraries(test_support PRIVATE test_options)
+else()
+    add_library(test_support INTERFACE)
+endif()
+
+foreach(room ${kardeno_rooms} scenes library)
+    file(GLOB sources CONFIGURE_DEPENDS ${test_folder}/${room}/*.cpp)
+    if(room MATCHES "^(support|scenes)$")
+        list(FILTER sources INCLUDE REGEX "_test\\.cpp$")
+    endif()
+    if(NOT sources)
+        continue()
+    endif()
+
+    set(program tests_${room})
+    add_executable(${program} ${sources})
+    target_link_libraries(${program} PRIVATE test_options test_main test_support kardeno_objects ${CMAKE_DL_LIBS})
+    if(WIN32)
+        target_link_options(${program} PRIVATE -static)
+    endif()
+
+    # They run in the folder of the sources, so that a file they read has one name in every build.
+    add_test(NAME ${program} COMMAND ${program} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+    set_tests_properties(${program} PROPERTIES FIXTURES_REQUIRED emulator)
+    if(room STREQUAL "library")
+        add_dependencies(${program} kardeno_soft)
+        set_tests_properties(${program} PROPERTIES ENVIRONMENT "KARDENO_LIBRARY=$<TARGET_FILE:kardeno_soft>")
+    endif()
+endforeach()
