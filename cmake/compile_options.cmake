@@ -16,7 +16,7 @@ target_compile_options(kardeno_warnings INTERFACE -Wall -Wextra -Wpedantic -Wsha
 add_library(kardeno_options INTERFACE)
 target_link_libraries(kardeno_options INTERFACE kardeno_arithmetic kardeno_warnings)
 target_compile_options(kardeno_options INTERFACE
-    -fno-exceptions -fno-rtti -fno-threadsafe-statics -fvisibility=hidden
+    -fno-exceptions -fvisibility=hidden $<$<COMPILE_LANGUAGE:CXX>:-fno-rtti -fno-threadsafe-statics>
     -Wconversion -Wsign-conversion)
 
 # Everything that is built, tests and sample host too: the run-time of the sanitizers must come with the program.
