@@ -81,8 +81,8 @@ struct HostContext {
     const u32* vertexOutcodes;       /* written by the host's prepareVertices */
     u32* vertexStamps;               /* written by the renderer: projectionStamp at which screenVertices was computed */
     u8 gap28[16];
-    void* (*alloc)(u32 count, u32 size);        /* zero-filled; 0 on failure */
-    void* (*realloc)(void* block, u32 bytes);   /* a null block allocates; 0 on failure, the block staying valid */
+    void* (*alloc)(u32 count, u32 size);      /* zero-filled; 0 on failure */
+    void* (*realloc)(void* block, u32 bytes); /* a null block allocates; 0 on failure, the block staying valid */
     void (*free)(void* block);
     u8 gap56[296];
     i32 bitsPerPixel; /* 16: RGB 5-6-5; 15: RGB 5-5-5 */
@@ -165,7 +165,7 @@ struct ObjectFunctions {
     u8 gap0[12];
     void (*update)(SceneObject* object);
     void (*transform)(SceneObject* object, RenderView* view);
-    SceneObject* (*selectLevel)(SceneObject* object, RenderView* view); /* 0: the object itself */
+    SceneObject* (*selectLevel)(SceneObject* object, RenderView* view);            /* 0: the object itself */
     void (*testBounds)(SceneObject* drawn, SceneObject* object, RenderView* view); /* sets the object's `visible` */
     void (*light)(SceneObject* drawn, SceneObject* object, RenderView* view);      /* fills vertexShades */
     u8 gap32[4];

@@ -36,9 +36,9 @@ KARDENO_EXPORT void Kardeno_Render_Dll(KARDENO_RECORD(RenderView) * view, KARDEN
 
 /* The object whose face lies nearest under the screen point (x, y), or 0. *faceIndex is the face's index in the drawn
    geometry of that object (0 without a hit), *depth its camera-space Z there (farZ without a hit). */
-KARDENO_EXPORT KARDENO_RECORD(SceneObject) *
-    Kardeno_Pick_Dll(KARDENO_RECORD(RenderView) * view, KARDENO_RECORD(f32) x, KARDENO_RECORD(f32) y,
-                     KARDENO_RECORD(i32) * faceIndex, KARDENO_RECORD(f32) * depth);
+KARDENO_EXPORT KARDENO_RECORD(SceneObject)
+    * Kardeno_Pick_Dll(KARDENO_RECORD(RenderView) * view, KARDENO_RECORD(f32) x, KARDENO_RECORD(f32) y,
+                       KARDENO_RECORD(i32) * faceIndex, KARDENO_RECORD(f32) * depth);
 
 /* Gives a material its private record; 0 when it cannot be allocated. */
 KARDENO_EXPORT KARDENO_RECORD(i32) Kardeno_Add_Material_Dll(KARDENO_RECORD(SceneMaterial) * material);

@@ -9,7 +9,7 @@ struct List {
 
     // Calls visit.template operator()<Item>() for each item, in order.
     template <class Visit>
-    static constexpr void forEach(Visit visit)
+    static constexpr void forEach([[maybe_unused]] Visit visit)
     {
         (visit.template operator()<Items>(), ...);
     }

@@ -1,0 +1,8 @@
+// The DLL's entry: the system calls it in place of any start-up code, so that nothing else runs at load.
+#include <windows.h>
+
+extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID)
+{
+    if (reason == DLL_PROCESS_ATTACH) DisableThreadLibraryCalls(module);
+    return TRUE;
+}
