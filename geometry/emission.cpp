@@ -1,0 +1,80 @@
+#include "geometry/emission.h"
+
+namespace kardeno {
+
+namespace {
+
+// Calls a clipper when some corner of the face lies outside its plane.
+bool survives(ClipRoutine clipper, u32 insideBit, const RenderView& view, ScreenPolygon& polygon)
+{
+    if (polygon.outcodeAnd & insideBit) return true;
+    clipper(&view, &polygon);
+    return polygon.vertexCount >= minCorners;
+}
+
+} // namespace
+
+bool foldOutcodes(ScreenPolygon& polygon, const SceneFace& face)
+{
+    polygon.outcodeAnd = outcodeAll;
+    polygon.outcodeOr = 0;
+    for (i32 i = 0; i < face.vertexCount; ++i) {
+        const u32 outcode = hostContext->vertexOutcodes[face.vertexIndices[i]];
+        polygon.outcodeAnd &= outcode;
+        polygon.outcodeOr |= outcode;
+    }
+    return polygon.outcodeOr == outcodeAll && face.vertexCount >= minCorners && face.vertexCount <= maxCorners;
+}
+
+bool clipToDepth(const RenderView& view, const ClipperFamily& clippers, ScreenPolygon& polygon)
+{
+    return survives(clippers.near, outcodeNear, view, polygon) && survives(clippers.far, outcodeFar, view, polygon);
+}
+
+bool clipToScreen(const RenderView& view, const ClipperFamily& clippers, ScreenPolygon& polygon)
+{
+    const bool visible =
+        survives(clippers.right, outcodeRight, view, polygon) && survives(clippers.left, outcodeLeft, view, polygon)
+        && survives(clippers.bottom, outcodeBottom, view, polygon) && survives(clippers.top, outcodeTop, view, polygon);
+    if (!visible) return false;
+    for (i32 i = 0; i < polygon.vertexCount; ++i) polygon.scanY[i] = truncated(polygon.screenY[i]);
+    return true;
+}
+
+i32 deepestCorner(const ScreenPolygon& polygon)
+{
+    i32 deepest = truncated(polygon.viewZ[0]);
+    for (i32 i = 1; i < polygon.vertexCount; ++i) {
+        const i32 depth = truncated(polygon.viewZ[i]);
+        if (depth > deepest) deepest = depth;
+    }
+    return deepest;
+}
+
+void setDepthPlane(const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
+{
+    const ViewProjection& projection = *view.projection;
+    const CameraVertex& corner = hostContext->cameraVertices[face.vertexIndices[0]];
+    const f64 nx = face.normalX;
+    const f64 ny = face.normalY;
+    const f64 nz = face.normalZ;
+
+    // The order of the sums and products decides the last bit of the plane.
+    const f64 d = nz * corner.z + ny * corner.y + nx * corner.x;
+    const f64 r = 1.0 / d;
+    polygon.invDepthStepX = stored(projection.invScaleX * r * nx);
+    polygon.invDepthStepY = stored(-(projection.invScaleY * r * ny));
+    polygon.invDepthOrigin = stored(((projection.centreYOverScaleY * ny + nz) - projection.centreXOverScaleX * nx) * r);
+}
+
+void finishPolygon(const SceneFace& face, ScreenPolygon& polygon, bool occludes)
+{
+    polygon.material = face.material;
+    polygon.faceColour = face.faceColour ? *face.faceColour : u16{0};
+    polygon.spanHead = -1;
+    polygon.activeCount = 0;
+    polygon.occludes = occludes ? 1 : 0;
+    polygon.engineFlag = 1;
+}
+
+} // namespace kardeno

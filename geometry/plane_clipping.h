@@ -1,0 +1,91 @@
+// Sutherland-Hodgman clipping of a screen polygon against one plane: one algorithm for six planes and six vertex formats.
+// Whether a vertex is inside is its stored outcode bit, never recomputed from its coordinates.
+#pragma once
+
+#include "geometry/clip_planes.h"
+#include "geometry/vertex_formats.h"
+#include "interface/render_modes.h"
+
+namespace kardeno {
+
+// What a clipper copies of a polygon before it writes the new outline over the old: the same arrays, nothing else.
+template <class Plane, class Format>
+struct ClippedArrays {
+    template <class Visit>
+    static void forEachInterpolated(Visit visit)
+    {
+        Plane::Carried::forEach(visit);
+        Format::Attributes::forEach(visit);
+    }
+
+    template <class Visit>
+    static void forEach(Visit visit)
+    {
+        visit.template operator()<typename Plane::Tested>();
+        forEachInterpolated(visit);
+    }
+
+    static void copyVertex(ScreenPolygon& to, i32 toVertex, const ScreenPolygon& from, i32 fromVertex)
+    {
+        to.outcode[toVertex] = from.outcode[fromVertex];
+        forEach([&]<class Values>() { (to.*Values::values)[toVertex] = (from.*Values::values)[fromVertex]; });
+    }
+};
+
+// Rewrites vertexCount, outcode and the carried arrays of the polygon in place. The outline begins with what followed
+// vertex 0. It comes back empty when no vertex is inside, and when it would take more than 16 vertices.
+template <class Plane, class Format>
+void clip(const RenderView* view, ScreenPolygon* polygon)
+{
+    using Arrays = ClippedArrays<Plane, Format>;
+
+    const i32 count = polygon->vertexCount;
+    ScreenPolygon input; // only the arrays named by Arrays are set and read
+    for (i32 i = 0; i < count; ++i) Arrays::copyVertex(input, i, *polygon, i);
+
+    const f32 bound = Plane::bound(*view);
+    i32 made = 0;
+
+    // The cut is computed from the outside vertex toward the inside one, whichever way the side runs: two faces that
+    // share the side are cut at bit-identical points.
+    const auto appendCut = [&](i32 outside, i32 inside) {
+        const f32* tested = input.*Plane::Tested::values;
+        const f32 distance = stored(static_cast<f64>(bound) - tested[outside]);
+        const f32 inverse = stored(1.0 / (static_cast<f64>(tested[inside]) - tested[outside]));
+        Arrays::forEachInterpolated([&]<class Values>() {
+            const f64 from = (input.*Values::values)[outside];
+            const f64 to = (input.*Values::values)[inside];
+            (polygon->*Values::values)[made] = stored((to - from) * distance * inverse + from);
+        });
+        (polygon->*Plane::Tested::values)[made] = bound;
+        polygon->outcode[made] = Plane::newOutcode(*view, *polygon, made, input.outcode[outside]);
+        ++made;
+    };
+
+    for (i32 a = 0; a < count; ++a) {
+        const i32 b = a + 1 < count ? a + 1 : 0;
+        const bool aInside = input.outcode[a] & Plane::insideBit;
+        const bool bInside = input.outcode[b] & Plane::insideBit;
+
+        const i32 needed = (aInside != bInside ? 1 : 0) + (bInside ? 1 : 0);
+        if (made + needed > maxCorners) {
+            made = 0;
+            break;
+        }
+        if (aInside != bInside) appendCut(bInside ? a : b, bInside ? b : a);
+        if (bInside) Arrays::copyVertex(*polygon, made++, input, b);
+    }
+    polygon->vertexCount = made;
+}
+
+template <class Format>
+inline constexpr ClipperFamily clippers = {
+    .near = clip<NearPlane, Format>,
+    .far = clip<FarPlane, Format>,
+    .right = clip<RightPlane, Format>,
+    .left = clip<LeftPlane, Format>,
+    .bottom = clip<BottomPlane, Format>,
+    .top = clip<TopPlane, Format>,
+};
+
+} // namespace kardeno

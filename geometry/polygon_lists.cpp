@@ -1,0 +1,102 @@
+#include "geometry/polygon_lists.h"
+
+#include "interface/host_context.h"
+
+namespace kardeno {
+
+constinit PolygonList resolvedPolygons = {};
+constinit PolygonList sortedPolygons = {};
+constinit PolygonList lateSortedPolygons = {};
+constinit SortArrays sortArrays = {};
+
+namespace {
+
+u32 bytesFor(i32 count, u32 size)
+{
+    return static_cast<u32>(count) * size;
+}
+
+// A block that was given back must not reach the host again: the array then starts anew from a null block.
+u32* reallocated(const SortArray& array, i32 capacity)
+{
+    u32* const block = array.released ? nullptr : array.entries;
+    return static_cast<u32*>(hostContext->realloc(block, bytesFor(capacity, sizeof(u32))));
+}
+
+// Grows the three sort arrays by a step; false when any of them was refused.
+bool growSortArrays(SortArrays& arrays)
+{
+    SortArray* const all[] = {&arrays.sortOrder, &arrays.sortKeys, &arrays.sortScratch};
+    arrays.capacity += listGrowth;
+
+    u32* blocks[3];
+    for (int i = 0; i < 3; ++i) blocks[i] = reallocated(*all[i], arrays.capacity);
+
+    if (blocks[0] && blocks[1] && blocks[2]) {
+        for (int i = 0; i < 3; ++i) *all[i] = {.entries = blocks[i], .released = false};
+        return true;
+    }
+
+    // Intended: what was just obtained is given back, although the stored pointers may name those very blocks.
+    for (int i = 0; i < 3; ++i) {
+        if (!blocks[i]) continue;
+        hostContext->free(blocks[i]);
+        all[i]->released = true;
+    }
+    arrays.capacity -= listGrowth;
+    return false;
+}
+
+// Grows the list by a step, and the sort arrays when they would be too short; false when the face in hand is dropped.
+bool growList(PolygonList& list)
+{
+    list.capacity += listGrowth;
+    auto* const block =
+        static_cast<ScreenPolygon*>(hostContext->realloc(list.records, bytesFor(list.capacity, sizeof(ScreenPolygon))));
+    if (block) {
+        list.held = block;
+        list.heldCapacity = list.capacity;
+    }
+
+    // Intended: when a sort array is refused the list keeps its raised capacity and its old stored pointer, and the block
+    // just obtained is not given back.
+    if (sortArrays.capacity <= list.count && !growSortArrays(sortArrays)) return false;
+
+    if (!block) {
+        list.capacity -= listGrowth;
+        return false;
+    }
+    list.records = block;
+    return true;
+}
+
+} // namespace
+
+bool SortArrays::canHold(i32 count) const
+{
+    return capacity >= count && !sortOrder.released && !sortKeys.released && !sortScratch.released;
+}
+
+ScreenPolygon* reservePolygon(PolygonList& list)
+{
+    if (list.capacity <= list.count && !growList(list)) return nullptr;
+
+    // After half a growth the stored pointer may be null or stale, or the capacity larger than the block.
+    const bool storedBlockIsReal = list.records && list.records == list.held;
+    if (!storedBlockIsReal || list.count >= list.heldCapacity) return nullptr;
+    return list.records + list.count;
+}
+
+void commitPolygon(PolygonList& list)
+{
+    ++list.count;
+}
+
+void resetPolygonLists()
+{
+    resolvedPolygons.count = 0;
+    sortedPolygons.count = 0;
+    lateSortedPolygons.count = 0;
+}
+
+} // namespace kardeno

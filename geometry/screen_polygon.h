@@ -1,0 +1,61 @@
+// One visible face of the frame: its clipped outline, one array per vertex attribute, the plane of its inverse depth,
+// and what the span buffer and the fillers keep about it. Fixed-size plain data; a clipper or an attribute reaches value
+// k of vertex i as an array element, without an allocation anywhere.
+#pragma once
+
+#include "interface/host_records.h"
+
+namespace kardeno {
+
+inline constexpr i32 maxCorners = 16;
+
+// Offsets are in 32-bit words; arrays that the polygon's vertex format does not use hold stale data.
+struct ScreenPolygon {
+    i32 vertexCount;
+    u32 outcodeAnd; // of the face's vertices; gates the clippers, and is not recomputed between them
+    u32 outcodeOr;
+    u32 outcode[maxCorners]; // a bit that is set means inside that plane
+    i32 maxDepth;            // sorted lists: the largest truncated viewZ after near and far clipping
+    f32 screenX[maxCorners];
+    f32 screenY[maxCorners];
+    f32 invDepth[maxCorners];
+    f32 viewX[maxCorners]; // viewX and viewY are filled only on the way through the camera-space clippers
+    f32 viewY[maxCorners];
+    f32 viewZ[maxCorners];
+    f32 texU[maxCorners]; // texels x 256; divided by depth after projection
+    f32 texV[maxCorners];
+    f32 intensity[maxCorners]; // light intensity x 64; on untextured rows divided by depth
+    f32 colourR[maxCorners];
+    f32 colourG[maxCorners];
+    f32 colourB[maxCorners];
+    i32 scanY[maxCorners]; // screenY truncated, after all clipping
+    u32 reserved[maxCorners];
+    SceneMaterial* material; // borrowed from the host
+    u16 faceColour;
+    u16 faceColourHigh;
+    i32 spanHead; // index of the first visible span in the span pool; -1: none
+    f32 invDepthStepX;
+    f32 invDepthStepY;
+    f32 invDepthOrigin;
+    ScreenPolygon* above; // nearer neighbour in the depth stack of the current scanline
+    ScreenPolygon* below; // farther neighbour
+    i32 activeCount;      // entering minus leaving edges passed on the current scanline
+    i32 engineWord;       // column at which the current visible run began
+    i32 occludes;         // 1: hides what lies farther; 0: see-through
+    i32 engineFlag;       // 1 while the polygon has an open run on the current scanline
+};
+static_assert(sizeof(ScreenPolygon) == 1024);
+static_assert(offsetof(ScreenPolygon, outcode) == 12 && offsetof(ScreenPolygon, maxDepth) == 76);
+static_assert(offsetof(ScreenPolygon, screenX) == 80 && offsetof(ScreenPolygon, viewX) == 272);
+static_assert(offsetof(ScreenPolygon, texU) == 464 && offsetof(ScreenPolygon, scanY) == 848);
+static_assert(offsetof(ScreenPolygon, material) == 976 && offsetof(ScreenPolygon, spanHead) == 984);
+static_assert(offsetof(ScreenPolygon, above) == 1000 && offsetof(ScreenPolygon, engineFlag) == 1020);
+
+// Inverse depth of the polygon's plane at a screen point, in full precision. Larger is nearer.
+inline f64 planeDepth(const ScreenPolygon& polygon, f32 x, f32 y)
+{
+    return static_cast<f64>(polygon.invDepthStepX) * x + static_cast<f64>(polygon.invDepthStepY) * y
+           + polygon.invDepthOrigin;
+}
+
+} // namespace kardeno
