@@ -1,0 +1,115 @@
+#include "spanbuffer/edge_table.h"
+
+#include "interface/host_context.h"
+#include "support/arithmetic.h"
+
+namespace kardeno {
+
+constinit EdgePoolRecord EdgePool = {};
+constinit ScanEdge EdgeStartTable[scanlineCount] = {};
+constinit ScanEdge* EdgeEndTable[scanlineCount] = {};
+constinit ScanEdge LeftGuardEdge = {};
+constinit ScanEdge RightGuardEdge = {};
+
+namespace {
+
+constexpr f64 fixedOne = 65536.0;
+
+i32 columnToFixed(f32 column)
+{
+    return wrappingShiftLeft(truncated(column), 16);
+}
+
+Filing growEdgePool()
+{
+    EdgePool.capacity += edgePoolGrowth;
+    const u32 bytes = static_cast<u32>(EdgePool.capacity) * u32{sizeof(ScanEdge)};
+    void* const block = hostContext->realloc(EdgePool.edges, bytes);
+    if (!block) {
+        EdgePool.capacity -= edgePoolGrowth;
+        return Filing::poolRefused;
+    }
+    EdgePool.edges = static_cast<ScanEdge*>(block);
+    return Filing::poolGrew;
+}
+
+// Before the first edge whose x is not smaller: of two edges with the same x, the one filed later comes first.
+void insertByX(ScanEdge& head, ScanEdge& edge)
+{
+    ScanEdge* before = &head;
+    while (before->next != &RightGuardEdge && before->next->x < edge.x) before = before->next;
+    edge.next = before->next;
+    before->next = &edge;
+}
+
+// Files one side, from (xa, ya) to (xb, yb). A side that covers no row of the view takes no record.
+void fileSide(ScreenPolygon* polygon, f32 xa, i32 ya, f32 xb, i32 yb, i32 firstRow, i32 rowsEnd)
+{
+    const i32 dy = wrappingDifference(yb, ya);
+    if (dy == 0) return;
+
+    const bool down = dy > 0;
+    const i32 top = down ? ya : yb;
+    const i32 bottom = down ? yb : ya;
+    const i32 start = top < firstRow ? firstRow : top;
+    const i32 end = bottom > rowsEnd ? rowsEnd : bottom;
+    if (start >= end) return;
+
+    ScanEdge& edge = EdgePool.edges[EdgePool.count];
+    edge.entering = down ? 1 : 0;
+    edge.x = truncated((down ? xa : xb) * fixedOne);
+    edge.xStep = truncated(((static_cast<f64>(xb) - xa) * fixedOne) * (1.0 / dy));
+    edge.x = wrappingSum(edge.x, wrappingProduct(edge.xStep, start - top));
+    edge.polygon = polygon;
+
+    insertByX(EdgeStartTable[start], edge);
+    edge.nextEnding = EdgeEndTable[end - 1];
+    EdgeEndTable[end - 1] = &edge;
+    ++EdgePool.count;
+}
+
+} // namespace
+
+void setGuardEdges(const RenderView& view, ScreenPolygon* background)
+{
+    LeftGuardEdge.x = wrappingDifference(columnToFixed(view.left), 65536);
+    LeftGuardEdge.xStep = 0;
+    LeftGuardEdge.entering = 1;
+    LeftGuardEdge.next = &RightGuardEdge;
+    LeftGuardEdge.prev = nullptr;
+    LeftGuardEdge.polygon = background;
+
+    RightGuardEdge.x = columnToFixed(view.projection->right);
+    RightGuardEdge.xStep = 0;
+    RightGuardEdge.entering = 0;
+    RightGuardEdge.next = nullptr;
+    RightGuardEdge.prev = &LeftGuardEdge;
+    RightGuardEdge.polygon = background;
+}
+
+void ResetEdgeTable(const RenderView* view)
+{
+    EdgePool.count = 0;
+    for (i32 y = truncated(view->top); static_cast<f64>(y) < view->projection->bottom; ++y) {
+        EdgeStartTable[y].next = &RightGuardEdge;
+        EdgeEndTable[y] = nullptr;
+    }
+}
+
+Filing AddPolygonEdges(const RenderView* view, ScreenPolygon* polygon)
+{
+    const i32 firstRow = truncated(view->top);
+    const i32 rowsEnd = truncated(view->projection->bottom);
+    const i32 count = polygon->vertexCount;
+
+    for (i32 a = 0; a < count; ++a) {
+        // Intended: room is asked for before the side is looked at, horizontal or not.
+        if (EdgePool.count >= EdgePool.capacity) return growEdgePool();
+        const i32 b = a + 1 < count ? a + 1 : 0;
+        fileSide(polygon, polygon->screenX[a], polygon->scanY[a], polygon->screenX[b], polygon->scanY[b], firstRow,
+                 rowsEnd);
+    }
+    return Filing::done;
+}
+
+} // namespace kardeno

@@ -1,0 +1,203 @@
+#include "spanbuffer/scanline_resolver.h"
+
+#include "spanbuffer/span_pool.h"
+#include "support/arithmetic.h"
+
+namespace kardeno {
+
+constinit ScreenPolygon StackTopPolygon = {};
+constinit ScreenPolygon BackgroundPolygon = {};
+
+namespace {
+
+// Where the walk stands. `memory` turns false when a span could not be stored.
+struct RowWalk {
+    const ScanlineTables& tables;
+    i32 leftColumn;
+    i32 rightColumn;
+    i32 row;
+    f32 y;
+    bool memory;
+};
+
+i32 columnOf(i32 fixedX)
+{
+    return fixedX >> 16;
+}
+
+// Ends the polygon's visible run at a column. What lies outside the drawn rectangle is cut off.
+void closeRun(RowWalk& walk, ScreenPolygon& polygon, i32 column)
+{
+    const i32 x = polygon.engineWord < walk.leftColumn ? walk.leftColumn : polygon.engineWord;
+    const i32 xEnd = column > walk.rightColumn ? walk.rightColumn : column;
+    if (!appendSpan(polygon, x, xEnd, walk.row)) walk.memory = false;
+}
+
+void openRun(ScreenPolygon& polygon, i32 column)
+{
+    polygon.engineFlag = 1;
+    polygon.engineWord = column;
+}
+
+void enter(RowWalk& walk, ScreenPolygon& polygon, i32 edgeX)
+{
+    // Intended: depths are compared one whole pixel right of the edge, not at it.
+    const f32 sampleX = stored(edgeX / 65536.0 + 1.0);
+    const f32 depth = stored(planeDepth(polygon, sampleX, walk.y));
+
+    // Intended: only the entering polygon's depth is rounded. On equal depth the one entered last lies nearer.
+    ScreenPolygon* under = walk.tables.stackTop->below;
+    while (under != walk.tables.background && planeDepth(*under, sampleX, walk.y) > depth) under = under->below;
+
+    polygon.below = under;
+    polygon.above = under->above;
+    under->above->below = &polygon;
+    under->above = &polygon;
+
+    if (!under->engineFlag) {
+        polygon.engineFlag = 0; // something that occludes lies above `under`, and so above this polygon
+        return;
+    }
+    const i32 column = columnOf(edgeX);
+    openRun(polygon, column);
+    if (!polygon.occludes) return;
+
+    // What was visible down to the first occluding polygon is now hidden.
+    ScreenPolygon* hidden = under;
+    do {
+        closeRun(walk, *hidden, column);
+        if (!walk.memory) return;
+        hidden->engineFlag = 0;
+        hidden = hidden->below;
+    } while (hidden->engineFlag);
+}
+
+void leave(RowWalk& walk, ScreenPolygon& polygon, i32 edgeX)
+{
+    if (polygon.engineFlag) {
+        const i32 column = columnOf(edgeX);
+        closeRun(walk, polygon, column);
+        if (!walk.memory) return;
+
+        // What only this polygon hid comes to light: see-through ones down to the first that occludes.
+        ScreenPolygon* revealed = polygon.below;
+        if (!revealed->engineFlag) {
+            openRun(*revealed, column);
+            while (!revealed->occludes) {
+                revealed = revealed->below;
+                openRun(*revealed, column);
+            }
+        }
+    }
+    polygon.above->below = polygon.below;
+    polygon.below->above = polygon.above;
+}
+
+// Links the edges that start on the row into the active list, in one forward walk over both.
+void mergeStartingEdges(const ScanlineTables& tables, i32 row)
+{
+    ScanEdge* cursor = tables.leftGuard->next;
+    ScanEdge* edge = tables.edgeStartTable[row].next;
+    while (edge != tables.rightGuard) {
+        ScanEdge* const following = edge->next;
+        while (cursor != tables.rightGuard && edge->x > cursor->x) cursor = cursor->next;
+        edge->next = cursor;
+        edge->prev = cursor->prev;
+        cursor->prev->next = edge;
+        cursor->prev = edge;
+        edge = following;
+    }
+}
+
+// Enters and leaves polygons along the row. The right guard closes the background's run.
+void walkEdges(RowWalk& walk)
+{
+    ScreenPolygon& background = *walk.tables.background;
+    background.activeCount = 1;
+    background.engineWord = walk.leftColumn;
+
+    for (ScanEdge* edge = walk.tables.leftGuard->next; edge; edge = edge->next) {
+        ScreenPolygon& polygon = *edge->polygon;
+        if (edge->entering) {
+            if (++polygon.activeCount == 1) enter(walk, polygon, edge->x);
+        } else {
+            if (--polygon.activeCount == 0) leave(walk, polygon, edge->x);
+        }
+        if (!walk.memory) return;
+    }
+}
+
+void dropEndingEdges(const ScanlineTables& tables, i32 row)
+{
+    for (ScanEdge* edge = tables.edgeEndTable[row]; edge; edge = edge->nextEnding) {
+        edge->prev->next = edge->next;
+        edge->next->prev = edge->prev;
+    }
+}
+
+//   ... before <-> previous <-> edge <-> after ...   becomes   ... before <-> edge <-> previous <-> after ...
+void swapWithPrevious(ScanEdge* edge)
+{
+    ScanEdge* const previous = edge->prev;
+    ScanEdge* const before = previous->prev;
+    ScanEdge* const after = edge->next;
+    before->next = edge;
+    edge->prev = before;
+    edge->next = previous;
+    previous->prev = edge;
+    previous->next = after;
+    after->prev = previous;
+}
+
+// Moves every edge to the next row; an insertion sort, one place at a time, puts right what has crossed.
+void stepEdges(const ScanlineTables& tables)
+{
+    ScanEdge* edge = tables.leftGuard->next;
+    while (edge != tables.rightGuard) {
+        ScanEdge* const following = edge->next;
+        edge->x = wrappingSum(edge->x, edge->xStep);
+        while (edge->prev != tables.leftGuard && edge->x < edge->prev->x) swapWithPrevious(edge);
+        edge = following;
+    }
+}
+
+} // namespace
+
+void setStackEnds()
+{
+    const auto setEnd = [](ScreenPolygon& end, ScreenPolygon& above, ScreenPolygon& below, i32 visible) {
+        end.faceColour = 0;
+        end.spanHead = -1;
+        end.invDepthStepX = 0.0f;
+        end.invDepthStepY = 0.0f;
+        end.invDepthOrigin = emptyDepth;
+        end.above = &above;
+        end.below = &below;
+        end.occludes = 1;
+        end.engineFlag = visible;
+    };
+    setEnd(BackgroundPolygon, StackTopPolygon, BackgroundPolygon, 1);
+    setEnd(StackTopPolygon, StackTopPolygon, BackgroundPolygon, 0);
+}
+
+void ResolveScanlines(const RenderView* view, const ScanlineTables& tables)
+{
+    RowWalk walk = {
+        .tables = tables,
+        .leftColumn = truncated(view->left),
+        .rightColumn = truncated(view->projection->right),
+        .row = truncated(view->top),
+        .y = view->top,
+        .memory = true,
+    };
+    for (; walk.row < truncated(view->projection->bottom); ++walk.row) {
+        mergeStartingEdges(tables, walk.row);
+        walkEdges(walk);
+        if (!walk.memory) return;
+        dropEndingEdges(tables, walk.row);
+        stepEdges(tables);
+        walk.y = stored(walk.y + 1.0);
+    }
+}
+
+} // namespace kardeno
