@@ -1,0 +1,55 @@
+#include "raster/flat_fills.h"
+
+#include "raster/pixel_blends.h"
+#include "raster/span_walk.h"
+
+#include <string.h>
+
+namespace kardeno {
+
+namespace {
+
+// Blends one colour over every pixel of every span.
+template <class Blend>
+void blendColour(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, u16 colour)
+{
+    forEachSpan(polygon, [&](const Span& span) {
+        u16* pixels = pixelAt(frameBuffer, pitch, span.x, span.y);
+        for (i32 i = 0; i < span.length; ++i) pixels[i] = Blend::over(pixels[i], colour);
+    });
+}
+
+void halfBlendColour(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, u16 colour)
+{
+    if (fillerFormat(*hostContext) == rgb555)
+        blendColour<HalfBlend<Rgb555>>(polygon, frameBuffer, pitch, colour);
+    else
+        blendColour<HalfBlend<Rgb565>>(polygon, frameBuffer, pitch, colour);
+}
+
+} // namespace
+
+void fillFaceColourLowByte(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
+{
+    forEachSpan(*polygon, [&](const Span& span) {
+        memset(pixelAt(frameBuffer, pitch, span.x, span.y), polygon->faceColour & 0xff,
+               static_cast<u32>(span.length) * sizeof(u16));
+    });
+}
+
+void fillFaceColourHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
+{
+    halfBlendColour(*polygon, frameBuffer, pitch, polygon->faceColour);
+}
+
+void fillDiffuse(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
+{
+    blendColour<Replace>(*polygon, frameBuffer, pitch, polygon->material->diffuseColour.packed);
+}
+
+void fillDiffuseHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
+{
+    halfBlendColour(*polygon, frameBuffer, pitch, polygon->material->diffuseColour.packed);
+}
+
+} // namespace kardeno

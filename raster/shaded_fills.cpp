@@ -1,0 +1,29 @@
+#include "raster/shaded_fills.h"
+
+namespace kardeno {
+
+namespace {
+
+void fillWith(SpanRoutine routine, const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch)
+{
+    if (polygon.spanHead == -1) return;
+    SpanGradients span;
+    span.ramp = polygon.material->renderPrivate->shadeRamp;
+    fillSpans<ShadedValues>(polygon, frameBuffer, pitch, routine, span);
+}
+
+} // namespace
+
+void fillShaded(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
+{
+    fillWith(drawShadedSpan<Replace>, *polygon, frameBuffer, pitch);
+}
+
+void fillShadedHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
+{
+    const bool is555 = fillerFormat(*hostContext) == rgb555;
+    fillWith(is555 ? drawShadedSpan<HalfBlend<Rgb555>> : drawShadedSpan<HalfBlend<Rgb565>>, *polygon, frameBuffer,
+             pitch);
+}
+
+} // namespace kardeno

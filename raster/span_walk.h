@@ -1,0 +1,66 @@
+// The span walk that all fillers share, and the scanline set-up of the interpolating ones.
+#pragma once
+
+#include "raster/outline_walk.h"
+#include "spanbuffer/span_pool.h"
+
+namespace kardeno {
+
+// The columns and rows that may be written: the truncated rectangle of the frame's view, right and bottom excluded. Set
+// by the frame driver; spans lie inside it already, a filler that draws its whole outline cuts itself to it.
+struct DrawnRectangle {
+    i32 left, top, right, bottom;
+};
+
+extern DrawnRectangle drawnRectangle;
+
+inline u16* pixelAt(u16* frameBuffer, u32 pitch, i32 x, i32 y)
+{
+    return frameBuffer + wrappingSum(wrappingProduct(y, static_cast<i32>(pitch)), x);
+}
+
+// Calls draw(span) for each span of the polygon, from the last one made to the first.
+template <class Draw>
+void forEachSpan(const ScreenPolygon& polygon, Draw draw)
+{
+    for (i32 index = polygon.spanHead; index != -1; index = SpanPool.held[index].next) draw(SpanPool.held[index]);
+}
+
+// Scanline set-up: start values at the row's left end and gradients along it. A row without width has gradients of 0.
+template <class Values>
+void setUpRow(SpanGradients& span, const OutlineRow& row)
+{
+    const i32 width = wrappingDifference(row.right.x, row.left.x);
+    const f32 inverse = width == 0 ? 0.0f : stored(1.0 / width);
+    span.x = row.left.x;
+    Values::forEach([&]<class Value>() { Value::setUpRow(span, row, inverse); });
+}
+
+// Moves the start values along the row to column x. Rounded at every move: spans of one row go on from one another.
+template <class Values>
+void advanceTo(SpanGradients& span, i32 x)
+{
+    if (x == span.x) return;
+    const i32 columns = wrappingDifference(x, span.x);
+    Values::forEach([&]<class Value>() { Value::advance(span, columns); });
+    span.x = x;
+}
+
+// Draws all spans of a polygon with one inner routine. `span` brings what does not change along the polygon.
+template <class Values>
+void fillSpans(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, SpanRoutine routine, SpanGradients& span)
+{
+    if (polygon.spanHead == -1) return;
+    walkOutline<Values>(polygon);
+
+    const Span* previous = nullptr;
+    forEachSpan(polygon, [&](const Span& visible) {
+        if (!previous || previous->y != visible.y) setUpRow<Values>(span, OutlineTable[visible.y]);
+        previous = &visible;
+        advanceTo<Values>(span, visible.x);
+        span.count = visible.length;
+        routine(&span, pixelAt(frameBuffer, pitch, visible.x, visible.y));
+    });
+}
+
+} // namespace kardeno
