@@ -17,10 +17,20 @@ endif()
 
 add_library(test_options INTERFACE)
 target_include_directories(test_options INTERFACE ${PROJECT_SOURCE_DIR})
-target_link_libraries(test_options INTERFACE kardeno_arithmetic kardeno_warnings third_party_headers)
+target_link_libraries(test_options INTERFACE kardeno_arithmetic kardeno_warnings third_party_headers ${CMAKE_DL_LIBS})
 
 add_library(test_main OBJECT ${test_folder}/test_main.cpp)
 target_link_libraries(test_main PRIVATE test_options)
+
+# A test program is one entry of CTest. It runs in the folder of the sources, so that a file it reads has one name in
+# every build.
+function(kardeno_add_test_program program)
+    add_executable(${program} ${ARGN})
+    set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+    target_link_libraries(${program} PRIVATE test_options test_main)
+    add_test(NAME ${program} COMMAND ${program} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+    set_tests_properties(${program} PROPERTIES FIXTURES_REQUIRED emulator)
+endfunction()
 
 file(GLOB shared_sources CONFIGURE_DEPENDS ${test_folder}/support/*.cpp ${test_folder}/scenes/*.cpp)
 list(FILTER shared_sources EXCLUDE REGEX "_test\\.cpp$")
@@ -36,22 +46,14 @@ foreach(room ${kardeno_rooms} scenes library)
     if(room MATCHES "^(support|scenes)$")
         list(FILTER sources INCLUDE REGEX "_test\\.cpp$")
     endif()
-    if(NOT sources)
-        continue()
-    endif()
-
-    set(program tests_${room})
-    add_executable(${program} ${sources})
-    target_link_libraries(${program} PRIVATE test_options test_main test_support kardeno_objects ${CMAKE_DL_LIBS})
-    if(WIN32)
-        target_link_options(${program} PRIVATE -static)
-    endif()
-
-    # They run in the folder of the sources, so that a file they read has one name in every build.
-    add_test(NAME ${program} COMMAND ${program} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
-    set_tests_properties(${program} PROPERTIES FIXTURES_REQUIRED emulator)
-    if(room STREQUAL "library")
-        add_dependencies(${program} kardeno_soft)
-        set_tests_properties(${program} PROPERTIES ENVIRONMENT "KARDENO_LIBRARY=$<TARGET_FILE:kardeno_soft>")
+    if(sources)
+        kardeno_add_test_program(tests_${room} ${sources})
+        target_link_libraries(tests_${room} PRIVATE test_support kardeno_objects)
     endif()
 endforeach()
+
+# The tests of the library as a host sees it load it from the file.
+if(TARGET tests_library)
+    add_dependencies(tests_library kardeno_soft)
+    set_tests_properties(tests_library PROPERTIES ENVIRONMENT "KARDENO_LIBRARY=$<TARGET_FILE:kardeno_soft>")
+endif()
