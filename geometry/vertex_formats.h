@@ -27,7 +27,6 @@ inline constexpr f64 shadeScale = 64.0;
 
 struct TexU {
     static constexpr bool dividedByDepth = true;
-    static constexpr bool readsTexture = true;
     static constexpr auto values = &ScreenPolygon::texU;
     static f64 beforeProjection(const CornerSource& corner)
     {
@@ -41,7 +40,6 @@ struct TexU {
 
 struct TexV {
     static constexpr bool dividedByDepth = true;
-    static constexpr bool readsTexture = true;
     static constexpr auto values = &ScreenPolygon::texV;
     static f64 beforeProjection(const CornerSource& corner)
     {
@@ -56,7 +54,6 @@ struct TexV {
 // Untextured lit rows: the shade is interpolated with perspective.
 struct ShadeOverDepth {
     static constexpr bool dividedByDepth = true;
-    static constexpr bool readsTexture = false;
     static constexpr auto values = &ScreenPolygon::intensity;
     static f64 beforeProjection(const CornerSource& corner) { return corner.shade->intensity * shadeScale; }
     static f64 afterProjection(const CornerSource& corner, f32 invDepth)
@@ -68,7 +65,6 @@ struct ShadeOverDepth {
 // Textured lit rows: the shade is linear on the screen, and is therefore clipped affinely too.
 struct ShadeOnScreen {
     static constexpr bool dividedByDepth = false;
-    static constexpr bool readsTexture = false;
     static constexpr auto values = &ScreenPolygon::intensity;
     static f64 beforeProjection(const CornerSource& corner) { return corner.shade->intensity * shadeScale; }
     static f64 afterProjection(const CornerSource& corner, f32) { return beforeProjection(corner); }
@@ -78,7 +74,6 @@ struct ShadeOnScreen {
 template <f32 VertexShade::*channel, f32 (ScreenPolygon::*array)[maxCorners]>
 struct Channel {
     static constexpr bool dividedByDepth = false;
-    static constexpr bool readsTexture = false;
     static constexpr auto values = array;
     static f64 beforeProjection(const CornerSource& corner) { return corner.shade->*channel; }
     static f64 afterProjection(const CornerSource& corner, f32) { return corner.shade->*channel; }

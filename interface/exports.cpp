@@ -9,7 +9,7 @@
 #include "interface/materials.h"
 #include "interface/render_mode_table.h"
 
-using namespace kardeno;
+namespace kardeno {
 
 i32 Kardeno_Init_Render_Dll(HostContext* context)
 {
@@ -116,3 +116,5 @@ void Kardeno_Release_Render_Dll(const void*) {}
 void Kardeno_Release_Spot_Light_Dll(const void*) {}
 void Kardeno_Update_Light_Map_Dll(const void*) {}
 void Kardeno_Update_Map_Dll(const void*) {}
+
+} // namespace kardeno
