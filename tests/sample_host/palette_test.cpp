@@ -10,7 +10,7 @@ namespace {
 
 Colour entry(const PalettisedImage& image, std::size_t index)
 {
-    return { image.palette[4 * index + 2], image.palette[4 * index + 1], image.palette[4 * index] };
+    return {image.palette[4 * index + 2], image.palette[4 * index + 1], image.palette[4 * index]};
 }
 
 bool same(Colour a, Colour b)
@@ -23,8 +23,7 @@ Image colourField()
 {
     Image image(64, 64);
     for (int y = 0; y < 64; ++y)
-        for (int x = 0; x < 64; ++x)
-            image.set(x, y, { std::uint8_t(4 * x), std::uint8_t(4 * y), std::uint8_t(x + y) });
+        for (int x = 0; x < 64; ++x) image.set(x, y, {std::uint8_t(4 * x), std::uint8_t(4 * y), std::uint8_t(x + y)});
     return image;
 }
 
@@ -34,19 +33,17 @@ TEST_CASE("an image of no more than 256 colours keeps each of them exactly")
 {
     Image image(32, 8);
     for (int y = 0; y < 8; ++y)
-        for (int x = 0; x < 32; ++x)
-            image.set(x, y, { std::uint8_t(8 * x), std::uint8_t(31 * y), std::uint8_t(x * y) });
+        for (int x = 0; x < 32; ++x) image.set(x, y, {std::uint8_t(8 * x), std::uint8_t(31 * y), std::uint8_t(x * y)});
     const PalettisedImage result = quantised(image);
-    for (std::size_t i = 0; i < image.pixelCount(); ++i)
-        CHECK(same(entry(result, result.indices[i]), image.colour(i)));
+    for (std::size_t i = 0; i < image.pixelCount(); ++i) CHECK(same(entry(result, result.indices[i]), image.colour(i)));
 }
 
 TEST_CASE("a palette entry is blue, green, red and a zero")
 {
     Image image(1, 1);
-    image.set(0, 0, { 10, 20, 30 });
+    image.set(0, 0, {10, 20, 30});
     const PalettisedImage result = quantised(image);
-    CHECK(result.indices == std::vector<std::uint8_t> { 0 });
+    CHECK(result.indices == std::vector<std::uint8_t>{0});
     CHECK(result.palette[0] == 30);
     CHECK(result.palette[1] == 20);
     CHECK(result.palette[2] == 10);
@@ -87,5 +84,5 @@ TEST_CASE("an image of hidden pixels only has a palette of nothing")
     Image image(2, 1);
     image.hide(0, 0);
     image.hide(1, 0);
-    CHECK(quantised(image).indices == std::vector<std::uint8_t> { hiddenIndex, hiddenIndex });
+    CHECK(quantised(image).indices == std::vector<std::uint8_t>{hiddenIndex, hiddenIndex});
 }

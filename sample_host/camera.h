@@ -1,0 +1,47 @@
+// The camera and the view through it.
+#pragma once
+
+#include "sample_host/renderer_library.h"
+#include "sample_host/vector_maths.h"
+
+namespace sample_host {
+
+// A camera that circles around a target. The renderer's record comes first.
+struct Camera : SceneCamera {
+    Camera();
+
+    Vector target{};
+    double distance = 3;
+    double height = 1;        // of the eye above the target
+    double startTurn = 0;     // of the circle, at phase 0
+    double turnsPerRound = 1; // while the phase goes from 0 to 1
+    double zoom = 1.8;        // what fills half of the height of the picture is zoom times its size away
+    double nearZ = 0.1, farZ = 100;
+    double phase = 0;
+
+    // From the scene to the eye at a phase: X to the right, Y up, Z away.
+    Placement sceneToEye(double atPhase) const;
+    // The same for the current frame, stretched as the view says. Written when the renderer calls for the camera.
+    Placement fromScene{};
+};
+
+// A view that covers a frame buffer of this size. It is the renderer's record with the projection that it points to.
+struct View : RenderView {
+    View(Camera& viewCamera, int width, int height, int rowPixels);
+    View(const View&) = delete;
+    View& operator=(const View&) = delete;
+
+    Camera& eye() const { return *static_cast<Camera*>(camera); }
+    double width() const { return mapping_.right; }
+    double height() const { return mapping_.bottom; }
+
+    // How much wider than deep the view's pyramid is drawn: camera space is stretched by these two, so that the four
+    // side planes of the pyramid become X = -Z, X = Z, Y = Z and Y = -Z, the ones that outcodes speak of.
+    double stretchX() const { return eye().zoom * height() / width(); }
+    double stretchY() const { return eye().zoom; }
+
+private:
+    ViewProjection mapping_{};
+};
+
+} // namespace sample_host

@@ -1,0 +1,100 @@
+#include "sample_host/material.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <stdexcept>
+
+namespace sample_host {
+
+namespace {
+
+MaterialColour record(const Engine& engine, Colour colour)
+{
+    return {colour.red, colour.green, colour.blue, 0, packedPixel(engine.format, colour)};
+}
+
+// The pixels of a 16-bit map. Hidden ones take the key, and visible ones that have the key's very value step aside.
+std::vector<u16> pixels16(const Image& image, PixelFormat format, u16 key)
+{
+    std::vector<u16> pixels;
+    pixels.reserve(image.pixelCount());
+    for (std::size_t i = 0; i < image.pixelCount(); ++i) {
+        u16 pixel = packedPixel(format, image.colour(i));
+        if (image.hidden(i))
+            pixel = key;
+        else if (pixel == key)
+            pixel ^= 1;
+        pixels.push_back(pixel);
+    }
+    return pixels;
+}
+
+} // namespace
+
+Material::Material(const Engine& engine, const MaterialRecipe& recipe, const MaterialMode& mode)
+    : SceneMaterial{}, engine_(engine)
+{
+    ambientColour = record(engine, recipe.ambient);
+    diffuseColour = record(engine, recipe.diffuse);
+    specularColour = record(engine, recipe.specular);
+    tintColour = record(engine, recipe.tint);
+    shininess = recipe.shininess;
+    // Unlit palettised textures show the brightest level of the ramp, and no highlight should be in it.
+    specularLevel = mode.renderState == 0 ? 0 : recipe.specularLevel;
+    transparency = recipe.transparency;
+    shadingMode = recipe.shadingMode;
+    materialFlags = &flagWords_;
+    if (recipe.image) makeTexture(*recipe.image, mode.textures);
+
+    const RendererLibrary& library = engine_.library;
+    if (textureMap) library.addMap(textureMap);
+    if (!library.addMaterial(this)) throw std::bad_alloc();
+    // The render state comes last: it looks at everything above.
+    if (!library.setMaterialRenderState(this, mode.renderState)) {
+        library.releaseMaterial(this);
+        throw std::bad_alloc();
+    }
+}
+
+Material::~Material()
+{
+    engine_.library.releaseMaterial(this);
+    if (textureMap) engine_.library.releaseMap(textureMap);
+}
+
+void Material::makeTexture(const Image& image, TextureKind kind)
+{
+    const u32 width = u32(image.width), height = u32(image.height);
+    if (!std::has_single_bit(width) || !std::has_single_bit(height))
+        throw std::logic_error("the sides of a texture are powers of two");
+
+    TextureImage header{};
+    header.bitsPerTexel = kind == TextureKind::palettised ? 8 : 16;
+    header.is256x256 = width == 256 && height == 256;
+    header.indexMask = width * height - 1;
+    header.rowShift = u32(std::countr_zero(width));
+    header.width = f32(width);
+    header.height = f32(height);
+
+    const std::size_t texelBytes = image.pixelCount() * header.bitsPerTexel / 8;
+    imageRecord_.resize((sizeof header + texelBytes + 3) / 4);
+    u8* record = reinterpret_cast<u8*>(imageRecord_.data());
+    std::memcpy(record, &header, sizeof header);
+
+    map_.transparentIndex = hiddenIndex;
+    map_.transparentColour = packedPixel(engine_.format, {255, 0, 255});
+    if (kind == TextureKind::palettised) {
+        const PalettisedImage palettised = quantised(image);
+        std::ranges::copy(palettised.indices, record + sizeof header);
+        palette_ = palettised.palette;
+        map_.palette = palette_.data();
+    } else {
+        const std::vector<u16> pixels = pixels16(image, engine_.format, map_.transparentColour);
+        std::memcpy(record + sizeof header, pixels.data(), texelBytes);
+    }
+    map_.image = reinterpret_cast<TextureImage*>(imageRecord_.data());
+    textureMap = &map_;
+}
+
+} // namespace sample_host

@@ -1,0 +1,94 @@
+#include "sample_host/own_shapes.h"
+
+namespace sample_host {
+
+void addBoard(Mesh& mesh, int material, const Board& board)
+{
+    const Vector normal = unit(cross(board.toRight, board.toUp));
+    const int first = int(mesh.positions.size()), stride = board.columns + 1;
+    for (int row = 0; row <= board.rows; ++row) {
+        for (int column = 0; column <= board.columns; ++column) {
+            mesh.addVertex(board.corner + board.toRight * (double(column) / board.columns)
+                               + board.toUp * (double(row) / board.rows),
+                           normal);
+        }
+    }
+    const auto corner = [&](int column, int row) {
+        return Mesh::Corner{first + row * stride + column, board.repeatRight * column / board.columns,
+                            board.repeatUp * (board.rows - row) / board.rows};
+    };
+    for (int row = 0; row < board.rows; ++row) {
+        for (int column = 0; column < board.columns; ++column) {
+            mesh.addPolygon(material, std::array{corner(column, row), corner(column + 1, row),
+                                                 corner(column + 1, row + 1), corner(column, row + 1)});
+        }
+    }
+}
+
+void addBox(Mesh& mesh, int material, const Vector& middle, const Vector& halfSize)
+{
+    const Vector x{2 * halfSize.x, 0, 0}, y{0, 2 * halfSize.y, 0}, z{0, 0, 2 * halfSize.z};
+    const Vector low = middle - halfSize, high = middle + halfSize;
+    addBoard(mesh, material, {low + z, x, y});          // front
+    addBoard(mesh, material, {low + x, x * -1, y});     // back
+    addBoard(mesh, material, {low, z, y});              // left
+    addBoard(mesh, material, {low + x + z, z * -1, y}); // right
+    addBoard(mesh, material, {low, x, z});              // below
+    addBoard(mesh, material, {high - x, x, z * -1});    // above
+}
+
+void addColumn(Mesh& mesh, int material, const Column& column)
+{
+    const int first = int(mesh.positions.size());
+    const Vector up{0, column.height, 0};
+    for (int side = 0; side <= column.sides; ++side) {
+        const double turn = double(side) / column.sides;
+        const Vector outward{sineOfTurn(turn), 0, cosineOfTurn(turn)};
+        mesh.addVertex(column.foot + outward * column.radius, outward);
+        mesh.addVertex(column.foot + outward * column.radius + up, outward);
+    }
+    for (int side = 0; side < column.sides; ++side) {
+        const int foot = first + 2 * side;
+        mesh.addPolygon(material,
+                        std::array{Mesh::Corner{foot, 0, column.repeatUp}, Mesh::Corner{foot + 2, 1, column.repeatUp},
+                                   Mesh::Corner{foot + 3, 1, 0}, Mesh::Corner{foot + 1, 0, 0}});
+    }
+    std::vector<Mesh::Corner> lid;
+    for (int side = 0; side < column.sides; ++side) {
+        const double turn = double(side) / column.sides;
+        const Vector outward{sineOfTurn(turn), 0, cosineOfTurn(turn)};
+        const int vertex = mesh.addVertex(column.foot + outward * column.radius + up, {0, 1, 0});
+        lid.push_back({vertex, 0.5 + 0.5 * outward.x, 0.5 + 0.5 * outward.z});
+    }
+    mesh.addPolygon(material, lid);
+}
+
+void addBall(Mesh& mesh, int material, const Vector& middle, double radius, int slices)
+{
+    const int rings = slices / 2, stride = slices + 1, first = int(mesh.positions.size());
+    for (int ring = 0; ring <= rings; ++ring) {
+        const double height = cosineOfTurn(0.5 * ring / rings), width = sineOfTurn(0.5 * ring / rings);
+        for (int slice = 0; slice <= slices; ++slice) {
+            const double turn = double(slice) / slices;
+            const Vector outward{width * sineOfTurn(turn), height, width * cosineOfTurn(turn)};
+            mesh.addVertex(middle + outward * radius, outward);
+        }
+    }
+    const auto corner = [&](int slice, int ring) {
+        return Mesh::Corner{first + ring * stride + slice, double(slice) / slices, double(ring) / rings};
+    };
+    for (int ring = 0; ring < rings; ++ring) {
+        for (int slice = 0; slice < slices; ++slice) {
+            const Mesh::Corner lowerLeft = corner(slice, ring + 1), lowerRight = corner(slice + 1, ring + 1);
+            const Mesh::Corner upperRight = corner(slice + 1, ring), upperLeft = corner(slice, ring);
+            if (ring == 0)
+                mesh.addPolygon(material, std::array{lowerLeft, lowerRight, upperLeft});
+            else if (ring == rings - 1)
+                mesh.addPolygon(material, std::array{lowerLeft, upperRight, upperLeft});
+            else
+                mesh.addPolygon(material, std::array{lowerLeft, lowerRight, upperRight, upperLeft});
+        }
+    }
+}
+
+} // namespace sample_host
