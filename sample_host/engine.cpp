@@ -1,30 +1,10 @@
 #include "sample_host/engine.h"
 
-#include <cstdlib>
+#include "sample_host/host_memory.h"
+
 #include <stdexcept>
 
 namespace sample_host {
-
-namespace {
-
-// The memory services are the C library's own: calloc fills with zeros, realloc takes a null block and leaves the old
-// block valid when it fails.
-void* allocateZeros(u32 count, u32 size)
-{
-    return std::calloc(count, size);
-}
-
-void* resize(void* block, u32 bytes)
-{
-    return std::realloc(block, bytes);
-}
-
-void release(void* block)
-{
-    std::free(block);
-}
-
-} // namespace
 
 u16 packedPixel(PixelFormat format, Colour colour)
 {
@@ -44,9 +24,7 @@ Colour unpackedPixel(PixelFormat format, u16 pixel)
 
 Engine::Engine(const RendererLibrary& library_, PixelFormat format_) : library(library_), format(format_)
 {
-    context_.alloc = allocateZeros;
-    context_.realloc = resize;
-    context_.free = release;
+    HostMemory::serve(context_);
     context_.bitsPerPixel = format == PixelFormat::rgb565 ? 16 : 15;
     if (!library.initRender(&context_)) throw std::runtime_error("the renderer cannot be initialised");
 }

@@ -1,5 +1,5 @@
-// The host's services: what the renderer is given once and uses for ever. The context record, the memory functions, and
-// the arrays of vertices that every object of the scene has a part of.
+// The host's services: what the renderer is given once and uses for ever. The context record, and the arrays of
+// vertices that every object of the scene has a part of.
 #pragma once
 
 #include "sample_host/image.h"

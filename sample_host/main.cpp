@@ -1,5 +1,6 @@
 // The sample host: loads the renderer, builds a scene, draws it and writes the pictures.
 #include "sample_host/animated_png.h"
+#include "sample_host/host_memory.h"
 #include "sample_host/options.h"
 #include "sample_host/scenes.h"
 
@@ -7,6 +8,7 @@
 #include <cstdio>
 #include <filesystem>
 #include <iostream>
+#include <stdexcept>
 
 namespace sample_host {
 
@@ -46,7 +48,7 @@ double median(std::vector<double> values)
 // The file of a picture, without its end: what it shows and how it was drawn.
 std::string pictureName(const Scene& scene, const Options& options)
 {
-    return (std::filesystem::path(options.outFolder) / scene.name).string()
+    return (std::filesystem::path(options.outFolder) / scene.name).generic_string()
            + (options.format == PixelFormat::rgb565 ? "-565" : "-555")
            + (options.mode.textures == TextureKind::palettised ? "-palette" : "-true")
            + (options.mode.renderState == 0 ? "" : "-lit");
@@ -55,7 +57,9 @@ std::string pictureName(const Scene& scene, const Options& options)
 // Draws the scene once as a still, or in several frames as a turntable. Says what it did.
 void drawPictures(Scene& scene, const Options& options)
 {
-    std::filesystem::create_directories(options.outFolder);
+    std::error_code error;
+    std::filesystem::create_directories(options.outFolder, error);
+    if (error) throw std::runtime_error("the folder '" + options.outFolder + "' cannot be made: " + error.message());
     const bool turning = options.frames > 1;
     const std::string file = pictureName(scene, options) + (turning ? "-turn.png" : ".png");
     std::unique_ptr<AnimatedPng> animation;
@@ -88,7 +92,10 @@ void run(std::span<const char* const> arguments)
         std::cout << usage;
         return;
     }
-    const RendererLibrary library(options.libraryFile.empty() ? libraryNear(arguments[0]) : options.libraryFile);
+    const HostMemory memory; // outlives the library
+    const RendererLibrary library(options.libraryFile.empty()
+                                      ? libraryNear(arguments[0])
+                                      : std::filesystem::absolute(options.libraryFile).string());
     Engine engine(library, options.format);
     SceneRequest request{.mode = options.mode};
     const SceneEntry& entry = chosenScene(options, request);

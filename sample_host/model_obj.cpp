@@ -192,7 +192,7 @@ private:
 Model readObjModel(const std::string& file)
 {
     // The parser takes a folder for an empty file.
-    if (!std::filesystem::is_regular_file(file)) fail(file, "there is no such file");
+    if (!std::filesystem::is_regular_file(file)) fail(file, "it is not there or not a file");
     tinyobj::ObjReader reader;
     tinyobj::ObjReaderConfig config;
     config.triangulate = true; // the renderer takes convex outlines of at most 10 corners

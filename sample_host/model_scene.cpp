@@ -10,7 +10,8 @@ namespace sample_host {
 
 namespace {
 
-// The zoom at which the mesh stays in a square picture, wherever on its circle the camera is.
+// The zoom at which the mesh stays in a square picture, wherever on its circle the camera is; not without end for a
+// mesh that is a mere point in the middle.
 double fittingZoom(const Mesh& mesh, const Camera& camera)
 {
     constexpr int turns = 24;
@@ -22,7 +23,7 @@ double fittingZoom(const Mesh& mesh, const Camera& camera)
             widest = std::max({widest, std::abs(seen.x) / seen.z, std::abs(seen.y) / seen.z});
         }
     }
-    return 0.96 / widest;
+    return std::min(0.96 / widest, 10.0);
 }
 
 // A floor just below the model.
@@ -61,7 +62,7 @@ std::unique_ptr<Scene> buildModelScene(Engine& engine, const SceneRequest& reque
     scene->camera.zoom = fittingZoom(model.mesh, scene->camera);
     scene->camera.nearZ = 0.1;
     scene->camera.farZ = 10;
-    scene->lamp() = {.place = {4, 6, 5}, .reach = 100, .ambient = 0.25};
+    scene->lamp() = {.place = {4, 6, 5}, .reach = 100, .ambient = 0.35};
     return scene;
 }
 

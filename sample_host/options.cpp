@@ -10,17 +10,18 @@ const char* const usage =
 
 Draws a scene through the renderer and writes what it drew as PNG files.
 
-  MODEL.obj             a model with its materials and images; without one, the model
-                        that tools/fetch_models fetches, or else the room
-  --room                a room of our own making
-  --frames N            with more than 1: a turntable of N frames, an animated PNG
-  --size WxH            of the pictures (640x480)
-  --format 565|555      of the frame buffer's pixels (565)
+  MODEL.obj               a model with its materials and images; without one, the
+                          model that tools/fetch_models fetches, or else the room
+  --room                  a room of our own making
+  --frames N              with more than 1: a turntable of N frames, an animated PNG
+  --size WxH              of the pictures (640x480)
+  --format 565|555        of the frame buffer's pixels (565)
   --texture true|palette  16-bit maps, or maps of 256 colours (true)
-  --state 0|1|2         render state of the materials: unlit, or lit (0)
-  --library FILE        the renderer (beside the program or in the folder above)
-  --out DIR             where the pictures go (pictures)
-  --help                this text
+  --state 0|1|2           render state of the materials: unlit, or lit (0); maps are
+                          lit with 256 colours only, else the faces are in flat colours
+  --library FILE          the renderer (beside the program or in the folder above)
+  --out DIR               where the pictures go (pictures)
+  --help                  this text
 )";
 
 namespace {

@@ -59,7 +59,7 @@ void addCarousel(Scene& scene, std::span<Material* const> palette)
     addBox(crateMesh, wooden, {}, {0.38, 0.38, 0.38});
     addBall(ballMesh, striped, {}, 0.26, 16);
 
-    Object& middle = scene.addObject(crateMesh, palette, {.place = movedTo({0, 1.15, 0}), .turns = 1});
+    Object& middle = scene.addObject(crateMesh, palette, {.place = movedTo({0, 1.15, 0}), .turns = -1});
     middle.becomeGroup();
     for (int i = 0; i < 3; ++i) {
         const Vector place{1.05 * sineOfTurn(i / 3.0), 0.35, 1.05 * cosineOfTurn(i / 3.0)};
