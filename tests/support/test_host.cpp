@@ -99,13 +99,19 @@ void TestHost::refuse(i32 n)
     refuseAt = n;
     refusesOn = false;
     refusing = false;
+    refusedCalls.clear();
 }
 
 void TestHost::refuseFrom(i32 n)
 {
-    refuseAt = n;
+    refuse(n);
     refusesOn = true;
-    refusing = false;
+}
+
+void TestHost::refuseCalls(std::vector<i32> numbers)
+{
+    refuse(0);
+    refusedCalls = std::move(numbers);
 }
 
 void TestHost::refuseNothing()
@@ -115,7 +121,9 @@ void TestHost::refuseNothing()
 
 bool TestHost::refusesNow()
 {
-    if (refusing) return true;
+    bool named = false;
+    for (i32& number : refusedCalls) named |= --number == 0;
+    if (named || refusing) return true;
     if (refuseAt == 0 || --refuseAt > 0) return false;
     refusing = refusesOn;
     return true;
@@ -184,7 +192,7 @@ void* TestHost::allocService(u32 count, u32 size)
 {
     TestHost& host = *current;
     void* const result = host.refusesNow() ? nullptr : host.give(count * size, true);
-    host.calls.push_back({ServiceCall::alloc, nullptr, count * size, result});
+    host.calls.push_back({ServiceCall::alloc, nullptr, count * size, result, count});
     return result;
 }
 
@@ -210,14 +218,14 @@ void* TestHost::reallocService(void* block, u32 bytes)
             }
         }
     }
-    host.calls.push_back({ServiceCall::realloc, block, bytes, result});
+    host.calls.push_back({ServiceCall::realloc, block, bytes, result, 0});
     return result;
 }
 
 void TestHost::freeService(void* block)
 {
     TestHost& host = *current;
-    host.calls.push_back({ServiceCall::free, block, 0, nullptr});
+    host.calls.push_back({ServiceCall::free, block, 0, nullptr, 0});
     host.release(*host.find(block));
 }
 

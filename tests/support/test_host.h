@@ -18,6 +18,7 @@ struct ServiceCall {
     const void* block; // what was given: null for alloc
     u32 bytes;         // what was asked for: count x size for alloc, 0 for free
     const void* result;
+    u32 count = 0; // alloc: how many items; 0 for the others
 };
 
 class TestHost {
@@ -33,6 +34,8 @@ public:
     void refuse(i32 n);
     // The n-th call from now on and every later one get 0.
     void refuseFrom(i32 n);
+    // Each of the named calls gets 0, counted from now on; {1, 3} is the next and the one after its successor.
+    void refuseCalls(std::vector<i32> numbers);
     void refuseNothing();
 
     // realloc moves every block unless told otherwise: then it enlarges in place what it gave with room to spare.
@@ -60,7 +63,8 @@ private:
 
     std::unique_ptr<HostContext> record; // large, and fenced by whatever checks the heap
     std::vector<Block> blocks;
-    i32 refuseAt = 0; // counts down to the call that is refused; 0: none
+    i32 refuseAt = 0;              // counts down to the call that is refused; 0: none
+    std::vector<i32> refusedCalls; // each counts down likewise
     bool refusesOn = false;
     bool refusing = false;
     bool movesBlocks = true;
