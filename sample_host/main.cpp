@@ -17,12 +17,9 @@ namespace {
 constexpr const char* fetchedModel = "cache/models/OBJ/spider.obj";
 constexpr int framesPerSecond = 20;
 
-// The library beside the program, or in the folder above it.
-std::string libraryNear(const char* program)
+std::string libraryBeside(const char* program)
 {
-    const std::filesystem::path folder = std::filesystem::absolute(program).parent_path();
-    const std::filesystem::path beside = folder / KARDENO_LIBRARY_NAME;
-    return (std::filesystem::exists(beside) ? beside : folder.parent_path() / KARDENO_LIBRARY_NAME).string();
+    return (std::filesystem::absolute(program).parent_path() / KARDENO_LIBRARY_NAME).string();
 }
 
 const SceneEntry& chosenScene(const Options& options, SceneRequest& request)
@@ -94,7 +91,7 @@ void run(std::span<const char* const> arguments)
     }
     const HostMemory memory; // outlives the library
     const RendererLibrary library(options.libraryFile.empty()
-                                      ? libraryNear(arguments[0])
+                                      ? libraryBeside(arguments[0])
                                       : std::filesystem::absolute(options.libraryFile).string());
     Engine engine(library, options.format);
     SceneRequest request{.mode = options.mode};

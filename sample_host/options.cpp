@@ -19,7 +19,7 @@ Draws a scene through the renderer and writes what it drew as PNG files.
   --texture true|palette  16-bit maps, or maps of 256 colours (true)
   --state 0|1|2           render state of the materials: unlit, or lit (0); maps are
                           lit with 256 colours only, else the faces are in flat colours
-  --library FILE          the renderer (beside the program or in the folder above)
+  --library FILE          the renderer (beside the program)
   --out DIR               where the pictures go (pictures)
   --help                  this text
 )";
