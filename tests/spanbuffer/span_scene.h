@@ -1,0 +1,141 @@
+// Polygons in the span buffer alone: filed and resolved as a frame does it, their spans read back as plain values.
+#pragma once
+
+#include "spanbuffer/edge_table.h"
+#include "spanbuffer/scanline_resolver.h"
+#include "spanbuffer/span_pool.h"
+#include "tests/support/test_host.h"
+#include "tests/support/test_view.h"
+
+#include <deque>
+
+namespace kardeno::tests {
+
+// A visible run: columns x up to, not including, xEnd of row y.
+struct Run {
+    i32 x, xEnd, y;
+    bool operator==(const Run&) const = default;
+};
+using Runs = std::vector<Run>;
+
+inline std::ostream& operator<<(std::ostream& out, const Runs& runs)
+{
+    for (const Run& run : runs) out << "row " << run.y << ": [" << run.x << ", " << run.xEnd << ") ";
+    return out;
+}
+
+// The spans of a polygon, in the order of its list.
+inline Runs runsOf(const ScreenPolygon& polygon)
+{
+    Runs runs;
+    for (i32 index = polygon.spanHead; index != -1; index = SpanPool.held[index].next) {
+        const Span& span = SpanPool.held[index];
+        runs.push_back({span.x, span.x + span.length, span.y});
+    }
+    return runs;
+}
+
+// The spans of one row only.
+inline Runs runsOf(const ScreenPolygon& polygon, i32 row)
+{
+    Runs runs;
+    for (const Run& run : runsOf(polygon)) {
+        if (run.y == row) runs.push_back(run);
+    }
+    return runs;
+}
+
+// The edges of a row list, from its head to the right guard.
+inline std::vector<const ScanEdge*> edgesStartingOn(i32 row)
+{
+    std::vector<const ScanEdge*> edges;
+    for (const ScanEdge* edge = EdgeStartTable[row].next; edge != &RightGuardEdge; edge = edge->next)
+        edges.push_back(edge);
+    return edges;
+}
+
+// The edges whose last row this is.
+inline std::vector<const ScanEdge*> edgesEndingOn(i32 row)
+{
+    std::vector<const ScanEdge*> edges;
+    for (const ScanEdge* edge = EdgeEndTable[row]; edge; edge = edge->nextEnding) edges.push_back(edge);
+    return edges;
+}
+
+// One frame's polygons.
+class SpanScene {
+public:
+    explicit SpanScene(const TestView::Settings& settings = {}) : view(settings)
+    {
+        setStackEnds();
+        setGuardEdges(view.record, &BackgroundPolygon);
+        ResetEdgeTable(&view.record);
+    }
+
+    TestHost host;
+    TestView view;
+
+    // A polygon of constant depth; larger is nearer.
+    ScreenPolygon& add(std::initializer_list<Corner> corners, f32 depth = 1, bool occludes = true)
+    {
+        ScreenPolygon& polygon = polygons.emplace_back(screenPolygon(corners, view, depth));
+        polygon.occludes = occludes;
+        return polygon;
+    }
+
+    // Columns x to xEnd and rows y to yEnd, with the winding that is drawn.
+    ScreenPolygon& addRectangle(f32 x, f32 y, f32 xEnd, f32 yEnd, f32 depth = 1, bool occludes = true)
+    {
+        return add({{x, y}, {x, yEnd}, {xEnd, yEnd}, {xEnd, y}}, depth, occludes);
+    }
+    ScreenPolygon& addSeeThrough(f32 x, f32 y, f32 xEnd, f32 yEnd, f32 depth = 1)
+    {
+        return addRectangle(x, y, xEnd, yEnd, depth, false);
+    }
+
+    // Files all polygons in the order in which they were added; begins again when the pool grew.
+    Filing file()
+    {
+        Filing result;
+        do {
+            ResetEdgeTable(&view.record);
+            result = Filing::done;
+            for (ScreenPolygon& polygon : polygons) {
+                if ((result = AddPolygonEdges(&view.record, &polygon)) != Filing::done) break;
+            }
+        } while (result == Filing::poolGrew);
+        return result;
+    }
+
+    // A whole frame up to the spans. May be called again: what emission sets is set anew.
+    void resolve()
+    {
+        for (ScreenPolygon& polygon : polygons) {
+            polygon.spanHead = -1;
+            polygon.activeCount = 0;
+            polygon.engineFlag = 1;
+        }
+        setStackEnds();
+        setGuardEdges(view.record, &BackgroundPolygon);
+        if (file() != Filing::done) return;
+        resetSpanPool();
+        ResolveScanlines(&view.record, {EdgeStartTable, EdgePool.edges, EdgeEndTable, &LeftGuardEdge, &RightGuardEdge,
+                                        &StackTopPolygon, &BackgroundPolygon, nullptr});
+    }
+
+    std::deque<ScreenPolygon> polygons;
+};
+
+inline void setPlane(ScreenPolygon& polygon, f32 stepX, f32 stepY, f32 origin)
+{
+    polygon.invDepthStepX = stepX;
+    polygon.invDepthStepY = stepY;
+    polygon.invDepthOrigin = origin;
+}
+
+inline Runs background(i32 row)
+{
+    return runsOf(BackgroundPolygon, row);
+}
+
+} // namespace kardeno::tests
