@@ -1,0 +1,253 @@
+// The twenty rows, by what their routines do: which list a row's emission routine feeds, and what its clippers carry.
+#include "geometry/polygon_lists.h"
+#include "interface/kardeno_soft.h"
+#include "interface/render_modes.h"
+#include "tests/support/test_scene.h"
+
+#include <doctest/doctest.h>
+
+#include <cstring>
+#include <set>
+
+using namespace kardeno;
+using namespace kardeno::tests;
+
+namespace {
+
+// What a row's polygons carry beside their position: t texture coordinates, i intensity, c colours.
+struct ExpectedRow {
+    const char* name;
+    ModeRow::Index row;
+    const PolygonList& list;
+    const char* carried;
+};
+
+// clang-format off
+const ExpectedRow expectedRows[] = {
+    {"FallbackFlat",                 ModeRow::FallbackFlat,                 resolvedPolygons,   ""},
+    {"FallbackBlend",                ModeRow::FallbackBlend,                sortedPolygons,     ""},
+    {"UnlitPlain",                   ModeRow::UnlitPlain,                   resolvedPolygons,   ""},
+    {"UnlitTextured",                ModeRow::UnlitTextured,                resolvedPolygons,   "t"},
+    {"UnlitTexturedShade1",          ModeRow::UnlitTexturedShade1,          sortedPolygons,     "t"},
+    {"UnlitTranslucent",             ModeRow::UnlitTranslucent,             sortedPolygons,     ""},
+    {"UnlitTexturedTranslucent",     ModeRow::UnlitTexturedTranslucent,     sortedPolygons,     "t"},
+    {"UnlitTexturedShade2",          ModeRow::UnlitTexturedShade2,          sortedPolygons,     "t"},
+    {"UnlitTexturedShade10",         ModeRow::UnlitTexturedShade10,         lateSortedPolygons, "t"},
+    {"UnlitTexturedShade11",         ModeRow::UnlitTexturedShade11,         sortedPolygons,     "t"},
+    {"UnlitPalettised",              ModeRow::UnlitPalettised,              resolvedPolygons,   "t"},
+    {"LitPlain",                     ModeRow::LitPlain,                     resolvedPolygons,   "i"},
+    {"LitTextured",                  ModeRow::LitTextured,                  resolvedPolygons,   "ti"},
+    {"LitTexturedShade1",            ModeRow::LitTexturedShade1,            sortedPolygons,     "ti"},
+    {"LitTranslucent",               ModeRow::LitTranslucent,               sortedPolygons,     "i"},
+    {"LitTexturedTranslucent",       ModeRow::LitTexturedTranslucent,       sortedPolygons,     "ti"},
+    {"LitTexturedShade1Translucent", ModeRow::LitTexturedShade1Translucent, sortedPolygons,     "ti"},
+    {"LitTexturedShade2",            ModeRow::LitTexturedShade2,            sortedPolygons,     "ti"},
+    {"SpareA",                       ModeRow::SpareA,                       resolvedPolygons,   "c"},
+    {"SpareB",                       ModeRow::SpareB,                       resolvedPolygons,   "tc"},
+};
+// clang-format on
+
+constexpr f32 stale = -77;
+
+using Floats = f32[maxCorners];
+
+// Every array of numbers of the record set to a value per corner.
+void setArrays(ScreenPolygon& polygon, f32 (*value)(i32 corner))
+{
+    for (Floats* array :
+         {&polygon.screenX, &polygon.screenY, &polygon.invDepth, &polygon.viewX, &polygon.viewY, &polygon.viewZ,
+          &polygon.texU, &polygon.texV, &polygon.intensity, &polygon.colourR, &polygon.colourG, &polygon.colourB}) {
+        for (i32 corner = 0; corner < maxCorners; ++corner) (*array)[corner] = value(corner);
+    }
+}
+
+// Which attribute arrays do not begin with the value: "t", "i" and "c", arrays of one letter agreeing.
+std::string arraysWithout(const ScreenPolygon& polygon, f32 value)
+{
+    std::string letters;
+    const bool texU = polygon.texU[0] != value;
+    CHECK((polygon.texV[0] != value) == texU);
+    if (texU) letters += 't';
+    if (polygon.intensity[0] != value) letters += 'i';
+    const bool red = polygon.colourR[0] != value;
+    CHECK((polygon.colourG[0] != value) == red);
+    CHECK((polygon.colourB[0] != value) == red);
+    if (red) letters += 'c';
+    return letters;
+}
+
+std::vector<ClipRoutine> clippersOf(const RenderMode& mode)
+{
+    return {mode.clip.near, mode.clip.far, mode.clip.right, mode.clip.left, mode.clip.bottom, mode.clip.top};
+}
+
+constexpr u32 insideBits[] = {outcodeNear, outcodeFar, outcodeRight, outcodeLeft, outcodeBottom, outcodeTop};
+
+} // namespace
+
+TEST_CASE("a row is nine words: state, emission routine, clippers near, far, right, left, bottom and top, filler")
+{
+    CHECK(sizeof(RenderMode) == 36);
+    CHECK(offsetof(RenderMode, state) == 0);
+    CHECK(offsetof(RenderMode, emit) == 4);
+    CHECK(offsetof(RenderMode, clip) == 8);
+    CHECK(offsetof(ClipperFamily, near) == 0);
+    CHECK(offsetof(ClipperFamily, far) == 4);
+    CHECK(offsetof(ClipperFamily, right) == 8);
+    CHECK(offsetof(ClipperFamily, left) == 12);
+    CHECK(offsetof(ClipperFamily, bottom) == 16);
+    CHECK(offsetof(ClipperFamily, top) == 20);
+    CHECK(offsetof(RenderMode, fill) == 32);
+}
+
+TEST_CASE("the table has twenty rows, FallbackFlat first and SpareB last")
+{
+    CHECK(ModeRow::count == 20);
+    CHECK(sizeof RenderModeTable == 20 * 36);
+    u32 index = 0;
+    for (const ExpectedRow& expected : expectedRows) {
+        CAPTURE(expected.name);
+        CHECK(expected.row == index++);
+    }
+    CHECK(index == 20);
+}
+
+TEST_CASE("initialisation fills words 1 to 8 of every row and leaves the state alone")
+{
+    TestHost host;
+    i32 states[ModeRow::count];
+    for (u32 i = 0; i < ModeRow::count; ++i) {
+        states[i] = RenderModeTable[i].state;
+        RenderModeTable[i] = {.state = 1000 + static_cast<i32>(i), .emit = nullptr, .clip = {}, .fill = nullptr};
+    }
+
+    Kardeno_Init_Render_Dll(&host.context());
+
+    for (u32 i = 0; i < ModeRow::count; ++i) {
+        CAPTURE(i);
+        const RenderMode& mode = RenderModeTable[i];
+        CHECK(mode.state == 1000 + static_cast<i32>(i));
+        CHECK(static_cast<bool>(mode.emit));
+        for (const ClipRoutine clipper : clippersOf(mode)) CHECK(static_cast<bool>(clipper));
+        CHECK(static_cast<bool>(mode.fill));
+        RenderModeTable[i].state = states[i];
+    }
+}
+
+TEST_CASE("each row's emission routine feeds its own list and prepares its own attributes")
+{
+    for (const ExpectedRow& expected : expectedRows) {
+        CAPTURE(expected.name);
+        TestHost host;
+        TestScene scene(host);
+        TestTexture texture(8, 4, 4);
+        TestMaterial& material = scene.bareMaterial();
+        material.textureMap = &texture.map;
+        MaterialPrivate privateRecord = {&RenderModeTable[expected.row], nullptr};
+        material.renderPrivate = &privateRecord;
+        const TestFace& face = scene.addFace(scene.addRoot(), material, TestScene::rectangle(2, 2, 9, 9));
+
+        // The first record only makes the list; the second finds every array marked as stale.
+        const RenderMode& mode = RenderModeTable[expected.row];
+        mode.emit(&scene.view.record, &face);
+        REQUIRE(expected.list.count == 1);
+        ScreenPolygon& record = expected.list.records[0];
+        setArrays(record, [](i32) { return stale; });
+        record.maxDepth = -77;
+        resetPolygonLists();
+        mode.emit(&scene.view.record, &face);
+
+        for (const PolygonList* list : {&resolvedPolygons, &sortedPolygons, &lateSortedPolygons})
+            CHECK(list->count == (list == &expected.list ? 1 : 0));
+        CHECK(arraysWithout(record, stale) == expected.carried);
+        const bool resolved = &expected.list == &resolvedPolygons;
+        CHECK(record.occludes == (resolved ? 1 : 0));
+        CHECK(record.maxDepth == (resolved ? -77 : 1));
+    }
+}
+
+TEST_CASE("only the rows of the two billboards refuse faces that have not four corners")
+{
+    for (const ExpectedRow& expected : expectedRows) {
+        CAPTURE(expected.name);
+        TestHost host;
+        TestScene scene(host);
+        TestTexture texture(8, 4, 4);
+        TestMaterial& material = scene.bareMaterial();
+        material.textureMap = &texture.map;
+        MaterialPrivate privateRecord = {&RenderModeTable[expected.row], nullptr};
+        material.renderPrivate = &privateRecord;
+        const TestFace& face = scene.addFace(scene.addRoot(), material, {{2, 2}, {2, 9}, {9, 9}});
+
+        RenderModeTable[expected.row].emit(&scene.view.record, &face);
+
+        const bool billboard =
+            expected.row == ModeRow::UnlitTexturedShade10 || expected.row == ModeRow::UnlitTexturedShade11;
+        CHECK(expected.list.count == (billboard ? 0 : 1));
+    }
+}
+
+TEST_CASE("each row's six clippers stand in the order near, far, right, left, bottom, top")
+{
+    TestHost host;
+    const TestView view;
+    for (const ExpectedRow& expected : expectedRows) {
+        CAPTURE(expected.name);
+        const std::vector<ClipRoutine> clippers = clippersOf(RenderModeTable[expected.row]);
+        for (size_t word = 0; word < 6; ++word) {
+            for (size_t plane = 0; plane < 6; ++plane) {
+                CAPTURE(word);
+                CAPTURE(plane);
+                // Inside this one plane and outside the five others.
+                ScreenPolygon polygon = screenPolygon({{1, 1}, {1, 5}, {5, 5}}, view);
+                for (i32 i = 0; i < 3; ++i) polygon.outcode[i] = insideBits[plane];
+                clippers[word](&view.record, &polygon);
+                CHECK(polygon.vertexCount == (word == plane ? 3 : 0));
+            }
+        }
+    }
+}
+
+TEST_CASE("each row's clippers carry the attributes that its emission routine prepares, and no others")
+{
+    TestHost host;
+    const TestView view;
+    for (const ExpectedRow& expected : expectedRows) {
+        for (const ClipRoutine clipper : clippersOf(RenderModeTable[expected.row])) {
+            CAPTURE(expected.name);
+            ScreenPolygon polygon = screenPolygon({{1, 1}, {1, 5}, {5, 5}}, view);
+            setArrays(polygon, [](i32 corner) { return static_cast<f32>(corner); });
+            clipper(&view.record, &polygon);
+            // With all corners inside, the outline begins with corner 1, and so do the arrays that are carried along.
+            REQUIRE(polygon.vertexCount == 3);
+            CHECK(arraysWithout(polygon, 0) == expected.carried);
+        }
+    }
+}
+
+TEST_CASE("rows of one vertex format share its six clippers")
+{
+    TestHost host;
+    for (const ExpectedRow& one : expectedRows) {
+        for (const ExpectedRow& other : expectedRows) {
+            CAPTURE(one.name);
+            CAPTURE(other.name);
+            const bool sameFormat = std::strcmp(one.carried, other.carried) == 0;
+            CHECK((clippersOf(RenderModeTable[one.row]) == clippersOf(RenderModeTable[other.row])) == sameFormat);
+        }
+    }
+}
+
+TEST_CASE("twelve emission routines and nineteen fillers: modes 2 and 11 of unlit textures share theirs")
+{
+    TestHost host;
+    std::set<EmitRoutine> emitters;
+    std::set<FillRoutine> fillers;
+    for (const RenderMode& mode : RenderModeTable) {
+        emitters.insert(mode.emit);
+        fillers.insert(mode.fill);
+    }
+    CHECK(emitters.size() == 12);
+    CHECK(fillers.size() == 19);
+    CHECK((RenderModeTable[ModeRow::UnlitTexturedShade2].fill == RenderModeTable[ModeRow::UnlitTexturedShade11].fill));
+}
