@@ -1,0 +1,193 @@
+#include "tests/robustness/memory_model.h"
+
+#include <doctest/doctest.h>
+
+#include <algorithm>
+
+using namespace kardeno;
+using namespace kardeno::tests;
+
+namespace {
+
+// A scene and how its frames grow: `before` faces are drawn in a frame of their own before anything is refused.
+struct Growth {
+    i32 columns;
+    i32 height;
+    i32 before;
+    std::vector<GridFace> faces;
+};
+
+// 1,030 faces in each list: two refills past the first 512.
+constexpr i32 manyInAList = 1030;
+
+Growth allLists(i32 before, bool lateFirst)
+{
+    const i32 cells = manyInAList + manyInAList / 2 + manyInAList;
+    const i32 columns = 48;
+    return {columns, (cells + columns - 1) / columns, before,
+            facesOfAllLists(columns, manyInAList, manyInAList / 2, manyInAList, lateFirst)};
+}
+
+// 600 faces of 14 sides that cross rows: 8,400 edges, and 4,200 runs of them with as many of the background beside them.
+Growth manySides(i32 before)
+{
+    return {60, 70, before, raggedFaces(60, 600, 7)};
+}
+
+enum class Refusal { once, onward };
+
+struct Host {
+    bool moves;
+    Refusal refusal;
+};
+
+// Draws with the n-th call refused, and on with memory again, and follows every frame. False when there is no n-th call.
+bool followRefusal(const Growth& growth, const Host& behaviour, i32 n)
+{
+    TestHost host;
+    host.moveBlocks(behaviour.moves);
+    GridScene grid(host, growth.columns * GridScene::cellWidth, growth.height, growth.faces);
+    MemoryModel model;
+    const i32 all = static_cast<i32>(growth.faces.size());
+
+    const auto followFrame = [&](const char* name, i32 count) {
+        const bool once = behaviour.refusal == Refusal::once;
+        const std::string what = "call " + std::to_string(n) + (once ? " alone" : " and all later ones")
+                                 + " refused, blocks " + (behaviour.moves ? "move" : "stay") + ": " + name;
+        CAPTURE(what);
+        host.calls.clear();
+        grid.draw(count);
+        model.follow(grid, count, host.calls);
+        CHECK(model.complaint == "");
+        std::vector<u16> drawn;
+        for (i32 y = 0; y < grid.frame.height; ++y) {
+            for (i32 x = 0; x < grid.frame.width; ++x) drawn.push_back(grid.frame.at(x, y));
+        }
+        CHECK((drawn == model.picture));
+        CHECK(grid.frame.fencesStand());
+    };
+
+    if (growth.before > 0) followFrame("the frame before", growth.before);
+    if (behaviour.refusal == Refusal::once)
+        host.refuse(n);
+    else
+        host.refuseFrom(n);
+    followFrame("the frame of the refusal", all);
+    const bool reached = std::any_of(host.calls.begin(), host.calls.end(), [](const ServiceCall& call) {
+        return call.kind == ServiceCall::realloc && !call.result;
+    });
+    CHECK(model.undisturbed == !reached);
+    followFrame("the frame after", all);
+    host.refuseNothing();
+    followFrame("a frame with memory again", all);
+    followFrame("one more", all);
+    return reached;
+}
+
+void followEveryRefusal(const Growth& growth)
+{
+    for (const bool moves : {true, false}) {
+        for (const Refusal refusal : {Refusal::once, Refusal::onward}) {
+            i32 n = 1;
+            while (followRefusal(growth, {moves, refusal}, n)) ++n;
+            CHECK(n > 5); // there was something to refuse
+        }
+    }
+}
+
+} // namespace
+
+TEST_CASE("a scene past 1,024 faces in each list and past 4,096 edges grows everything in steps, in the order of need")
+{
+    TestHost host;
+    const Growth growth = allLists(0, false);
+    GridScene grid(host, growth.columns * GridScene::cellWidth, growth.height, growth.faces);
+    host.calls.clear();
+
+    grid.draw(static_cast<i32>(growth.faces.size()));
+
+    // Emission meets a resolved face, two sorted ones and a late one, again and again, until the sorted ones come two by
+    // two to an end. The list that first reaches a multiple of 512 takes the sort arrays along: resolved at 0; the
+    // sorted list, twice as fast, at 512 and 1,024. 2,060 faces of two edges make 4,120.
+    std::vector<u32> sizes;
+    for (const ServiceCall& call : host.calls) {
+        CHECK(call.kind == ServiceCall::realloc);
+        sizes.push_back(call.bytes);
+    }
+    const std::vector<u32> expected = {
+        512 * 1024,  512 * 4,   512 * 4,  512 * 4,  // the first resolved face
+        512 * 1024,                                 // the first sorted face
+        512 * 1024,                                 // the first late face
+        1024 * 1024, 1024 * 4,  1024 * 4, 1024 * 4, // sorted face 512
+        1024 * 1024,                                // resolved face 512
+        1536 * 1024, 1536 * 4,  1536 * 4, 1536 * 4, // sorted face 1,024
+        1024 * 1024,                                // late face 512
+        1536 * 1024,                                // resolved face 1,024
+        1536 * 1024,                                // late face 1,024
+        4096 * 32,   8192 * 32,                     // edges
+        4096 * 16,                                  // spans: 2,060 of faces, and less than 2,000 of the background
+    };
+    CHECK(sizes == expected);
+}
+
+TEST_CASE("whichever growth of an empty library is refused, the frame and those after it are what the rules leave")
+{
+    followEveryRefusal(allLists(0, false));
+}
+
+TEST_CASE("the same when the late list is the first to grow, and takes the sort arrays with it")
+{
+    followEveryRefusal(allLists(0, true));
+}
+
+TEST_CASE("whichever growth of lists in use is refused, the frame and those after it are what the rules leave")
+{
+    followEveryRefusal(allLists(1200, false));
+}
+
+TEST_CASE("whichever growth of the edge and span pools is refused, past 4,096 and past 8,192 too")
+{
+    followEveryRefusal(manySides(0));
+    followEveryRefusal(manySides(280));
+}
+
+TEST_CASE(
+    "a list whose first sort arrays were refused has no block for ever: its faces stay dropped, all else is right")
+{
+    TestHost host;
+    GridScene grid(host, 9, 2, facesOfAllLists(3, 1, 1, 1, false)); // a resolved face, two sorted ones, a late one
+    host.refuse(3);                                                 // the second sort array of the resolved list
+
+    for (i32 frame = 0; frame < 3; ++frame) {
+        grid.draw(4);
+        CHECK(
+            grid.frame.row(0, 0, 9)
+            == std::vector<u16>{0, 0, 0, GridScene::nearColour, GridScene::nearColour, 0, GridScene::lateColour, 0, 0});
+    }
+}
+
+TEST_CASE("a refused edge pool costs the frame, clearing included, and not the next one")
+{
+    TestHost host;
+    GridScene grid(host, 3, 1, facesOfAllLists(1, 1, 0, 0, false));
+    host.refuse(5); // list, three sort arrays, edges
+
+    grid.draw(1);
+    CHECK(grid.frame.row(0, 0, 3) == std::vector<u16>(3, GridScene::emptyColour));
+    grid.draw(1);
+    CHECK(grid.frame.row(0, 0, 3) == std::vector<u16>{GridScene::resolvedColour, 0, 0});
+}
+
+TEST_CASE("a refused span pool leaves the frame empty but for what is not resolved, and the next one whole")
+{
+    TestHost host;
+    GridScene grid(host, 6, 1, facesOfAllLists(2, 1, 0, 1, false));
+    host.refuse(7); // list, three sort arrays, late list, edges, spans
+
+    // 0x2101, the empty frame, and 0x1082 make 0x3183.
+    grid.draw(2);
+    const u16 e = GridScene::emptyColour;
+    CHECK(grid.frame.row(0, 0, 6) == std::vector<u16>{e, e, e, 0x3183, e, e});
+    grid.draw(2);
+    CHECK(grid.frame.row(0, 0, 6) == std::vector<u16>{GridScene::resolvedColour, 0, 0, GridScene::lateColour, 0, 0});
+}
