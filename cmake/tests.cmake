@@ -41,7 +41,7 @@ else()
     add_library(test_support INTERFACE)
 endif()
 
-foreach(room ${kardeno_rooms} scenes robustness library)
+foreach(room ${kardeno_rooms} scenes robustness reference library)
     file(GLOB sources CONFIGURE_DEPENDS ${test_folder}/${room}/*.cpp)
     if(room MATCHES "^(support|scenes)$")
         list(FILTER sources INCLUDE REGEX "_test\\.cpp$")
