@@ -39,6 +39,14 @@ bool isDrawable(const RenderView& view)
            && view.top <= largest && bottom <= 4096.0f && bottom >= -largest;
 }
 
+// A left or top so large that it truncates to the smallest integer: the rectangle is empty, and no table has its first
+// column or row.
+bool beginsBeyondIntegers(const RenderView& view)
+{
+    constexpr f32 tooLarge = 2147483648.0f;
+    return view.left >= tooLarge || view.top >= tooLarge;
+}
+
 Filing fileList(const RenderView* view, const PolygonList& list)
 {
     for (i32 i = 0; i < list.count; ++i) {
@@ -115,6 +123,7 @@ void renderFrame(RenderView* view, u16* frameBuffer, u32 fillerArgument, u8 flag
     resetPolygonLists();
     FaceEmitter emitter;
     ObjectWalk(view, emitter).walkRoots();
+    if (beginsBeyondIntegers(*view)) return;
 
     setStackEnds();
     setGuardEdges(*view, &BackgroundPolygon);
