@@ -179,6 +179,10 @@ TEST_CASE("faces of fewer than 3 or more than 16 corners are dropped after the o
         CHECK(resolvedPolygons.count == (kept ? 1 : 0));
         if (count > 0) CHECK(one.host.stamps[0] == (kept ? 1 : 0));
     }
+}
+
+TEST_CASE("a face with a negative number of corners is dropped")
+{
     OneFace negative;
     negative.triangle();
     negative.face.vertexCount = -3;
