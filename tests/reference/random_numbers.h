@@ -1,0 +1,44 @@
+// Random numbers that are the same on every platform and for ever, so that a seed names a scene.
+#pragma once
+
+#include "support/types.h"
+
+#include <array>
+#include <cstddef>
+
+namespace kardeno::tests {
+
+class RandomNumbers {
+public:
+    explicit RandomNumbers(u32 seed) : state(seed * 0x9e3779b97f4a7c15ull + 0x632be59bd9b4e019ull) {}
+
+    // SplitMix64.
+    u32 next()
+    {
+        state += 0x9e3779b97f4a7c15ull;
+        uint64_t z = state;
+        z = (z ^ (z >> 30)) * 0xbf58476d1ce4e5b9ull;
+        z = (z ^ (z >> 27)) * 0x94d049bb133111ebull;
+        return static_cast<u32>((z ^ (z >> 31)) >> 16);
+    }
+
+    // Both ends included.
+    i32 integer(i32 low, i32 high) { return low + static_cast<i32>(next() % static_cast<u32>(high - low + 1)); }
+
+    f64 real(f64 low, f64 high) { return low + (high - low) * (next() / 4294967296.0); }
+
+    bool chance(i32 percent) { return integer(0, 99) < percent; }
+
+    u8 byte() { return static_cast<u8>(next()); }
+
+    template <class Choice, size_t count>
+    Choice oneOf(const Choice (&choices)[count])
+    {
+        return choices[next() % count];
+    }
+
+private:
+    uint64_t state;
+};
+
+} // namespace kardeno::tests
