@@ -27,6 +27,7 @@ TEST_CASE("a refused growth ends the resolution at once; the spans made so far s
 {
     SpanScene scene(tall);
     const ScreenPolygon& post = scene.addRectangle(10, 0, 20, 2000);
+    const ScreenPolygon& below = scene.addRectangle(2, 1500, 5, 1510);
     scene.host.refuse(3); // after the edges' and the spans' first blocks
     scene.resolve();
 
@@ -35,6 +36,7 @@ TEST_CASE("a refused growth ends the resolution at once; the spans made so far s
     CHECK(runsOf(post).front() == Run{10, 20, 1364});
     CHECK(runsOf(post).size() == 1365);
     CHECK(background(1366).empty());
+    CHECK(below.spanHead == -1);
     CHECK(scene.host.calls.size() == 3); // it is not asked for again
 }
 
