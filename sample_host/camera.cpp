@@ -24,7 +24,7 @@ Camera::Camera() : SceneCamera{}
 
 Placement Camera::sceneToEye(double atPhase) const
 {
-    const double turn = startTurn + turnsPerRound * atPhase;
+    const double turn = startTurn + turnsPerRound * atPhase + sway * sineOfTurn(atPhase);
     const Vector eye = target + Vector{sineOfTurn(turn) * distance, height, cosineOfTurn(turn) * distance};
     const Vector away = unit(target - eye);
     const Vector right = unit(cross(away, {0, 1, 0}));

@@ -15,6 +15,7 @@ struct Camera : SceneCamera {
     double height = 1;        // of the eye above the target
     double startTurn = 0;     // of the circle, at phase 0
     double turnsPerRound = 1; // while the phase goes from 0 to 1
+    double sway = 0;          // to both sides of that, in turns
     double zoom = 1.8;        // what fills half of the height of the picture is zoom times its size away
     double nearZ = 0.1, farZ = 100;
     double phase = 0;

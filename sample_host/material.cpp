@@ -1,5 +1,7 @@
 #include "sample_host/material.h"
 
+#include "sample_host/spare_rows.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -30,11 +32,28 @@ std::vector<u16> pixels16(const Image& image, PixelFormat format, u16 key)
     return pixels;
 }
 
+// In the one row that is colour-keyed, lit and half transparent the hidden index is fixed.
+constexpr u8 hiddenIndexOfHalfBlend = 0;
+
 } // namespace
 
-Material::Material(const Engine& engine, const MaterialRecipe& recipe, const MaterialMode& mode)
+MaterialMode drawableMode(const MaterialRecipe& recipe, MaterialMode wanted)
+{
+    const bool billboard = recipe.shadingMode == 10 || recipe.shadingMode == 11;
+    if (recipe.vertexColours || billboard) return {TextureKind::trueColour, 0};
+    if (recipe.glows) wanted.renderState = 0;
+    const bool lit = wanted.renderState == 1 || wanted.renderState == 2;
+    if (lit)
+        wanted.textures = TextureKind::palettised;
+    else if (recipe.transparency != 0 || recipe.shadingMode != 0)
+        wanted.textures = TextureKind::trueColour;
+    return wanted;
+}
+
+Material::Material(const Engine& engine, const MaterialRecipe& recipe, const MaterialMode& wanted)
     : SceneMaterial{}, engine_(engine)
 {
+    const MaterialMode mode = drawableMode(recipe, wanted);
     ambientColour = record(engine, recipe.ambient);
     diffuseColour = record(engine, recipe.diffuse);
     specularColour = record(engine, recipe.specular);
@@ -55,6 +74,7 @@ Material::Material(const Engine& engine, const MaterialRecipe& recipe, const Mat
         library.releaseMaterial(this);
         throw std::bad_alloc();
     }
+    if (recipe.vertexColours) pointAtSpareRow(*this);
 }
 
 Material::~Material()
@@ -89,12 +109,22 @@ void Material::makeTexture(const Image& image, TextureKind kind)
         std::ranges::copy(palettised.indices, record + sizeof header);
         palette_ = palettised.palette;
         map_.palette = palette_.data();
+        if (shadingMode == 1 && transparency == 50)
+            swapHiddenIndex({record + sizeof header, image.pixelCount()}, hiddenIndexOfHalfBlend);
     } else {
         const std::vector<u16> pixels = pixels16(image, engine_.format, map_.transparentColour);
         std::memcpy(record + sizeof header, pixels.data(), texelBytes);
     }
     map_.image = reinterpret_cast<TextureImage*>(imageRecord_.data());
     textureMap = &map_;
+}
+
+// Gives the hidden texels another index, and theirs to those that had it.
+void Material::swapHiddenIndex(std::span<u8> indices, u8 index)
+{
+    for (u8& texel : indices) texel = texel == index ? hiddenIndex : texel == hiddenIndex ? index : texel;
+    std::swap_ranges(&palette_[4u * index], &palette_[4u * index] + 4, &palette_[4u * hiddenIndex]);
+    map_.transparentIndex = index;
 }
 
 } // namespace sample_host

@@ -5,6 +5,7 @@
 #include "sample_host/palette.h"
 
 #include <memory>
+#include <span>
 
 namespace sample_host {
 
@@ -20,6 +21,8 @@ struct MaterialRecipe {
     i32 transparency = 0;               // 50: half transparent
     i32 shadingMode = 0;                // 1: hidden texels stay undrawn; 2, 10 and 11: added to what is behind
     std::shared_ptr<const Image> image; // or none; its sides are powers of two
+    bool glows = false;                 // unlit in a lit picture too
+    bool vertexColours = false;         // lit in colours, by one of the two rows that no render state selects
 };
 
 enum class TextureKind { trueColour, palettised };
@@ -27,8 +30,12 @@ enum class TextureKind { trueColour, palettised };
 // The ways of drawing that a picture chooses for all of its materials.
 struct MaterialMode {
     TextureKind textures = TextureKind::trueColour;
-    i32 renderState = 0; // 0: unlit; 1 and 2: lit, which textured materials are with palettised images only
+    i32 renderState = 0; // 0: unlit; 1 and 2: lit
 };
+
+// The mode nearest to the wanted one that there is a way of drawing for. Lit maps are palettised; unlit ones are not,
+// when the material is anything but opaque.
+MaterialMode drawableMode(const MaterialRecipe& recipe, MaterialMode wanted);
 
 // The renderer's record comes first, so that a pointer to it is a pointer to the material; what it points to follows.
 class Material : public SceneMaterial {
@@ -41,6 +48,7 @@ public:
 
 private:
     void makeTexture(const Image& image, TextureKind kind);
+    void swapHiddenIndex(std::span<u8> indices, u8 index);
 
     const Engine& engine_;
     MaterialFlags flagWords_{};

@@ -46,14 +46,14 @@ std::unique_ptr<Scene> buildModelScene(Engine& engine, const SceneRequest& reque
     scene->name = std::filesystem::path(request.modelFile).stem().string();
     std::vector<Material*> palette;
     for (const MaterialRecipe& recipe : model.materials) palette.push_back(scene->addMaterial(recipe));
-    scene->addObject(model.mesh, palette);
+    scene->addObject(model.mesh, palette).name = scene->name;
     scene->contents = std::to_string(model.mesh.polygons.size()) + " triangles";
 
     MaterialRecipe tiles;
     tiles.name = "floor";
     tiles.image = floorTiles();
     palette.push_back(scene->addMaterial(tiles));
-    scene->addObject(floorUnder(model.mesh, int(palette.size()) - 1), palette);
+    scene->addObject(floorUnder(model.mesh, int(palette.size()) - 1), palette).name = "floor";
 
     // The model fills a sphere of radius 1. The camera goes round it, and the lamp stays.
     scene->camera.distance = 2.6;
@@ -62,7 +62,7 @@ std::unique_ptr<Scene> buildModelScene(Engine& engine, const SceneRequest& reque
     scene->camera.zoom = fittingZoom(model.mesh, scene->camera);
     scene->camera.nearZ = 0.1;
     scene->camera.farZ = 10;
-    scene->lamp() = {.place = {4, 6, 5}, .reach = 100, .ambient = 0.35};
+    scene->light() = {.ambient = 0.35, .lamps = {{.place = {4, 6, 5}, .reach = 100}}};
     return scene;
 }
 

@@ -4,28 +4,27 @@
 #include "sample_host/camera.h"
 #include "sample_host/material.h"
 #include "sample_host/mesh.h"
+#include "sample_host/movement.h"
 
 namespace sample_host {
 
 // A lamp that shines to all sides, fading with the distance.
 struct Lamp {
     Vector place{0, 10, 0};
-    double reach = 100;   // where it has half its strength
+    double reach = 100;       // where it has half its strength
+    Vector strength{1, 1, 1}; // of its red, green and blue
+};
+
+struct Light {
     double ambient = 0.3; // the part of the full light that is everywhere
+    std::vector<Lamp> lamps;
 };
 
 // What the objects of a scene look at while a frame is drawn.
 struct Surroundings {
     Engine& engine;
-    Lamp lamp{};
+    Light light{};
     double phase = 0; // of all movements: from 0 to 1 and round again
-};
-
-// How an object stands in its parent, or in the scene when it has none, and how it turns there.
-struct Movement {
-    Placement place{};
-    Vector axis{0, 1, 0};
-    double turns = 0; // around the axis while the phase goes from 0 to 1
 };
 
 // The renderer gets pointers to the records and hands them back in its calls; the host's own fields stand behind the
@@ -38,7 +37,7 @@ class Object : public SceneObject {
 public:
     // Takes room for its vertices and announces its faces to the renderer. `palette` holds the materials that the mesh
     // names by number. Throws when there is no memory.
-    Object(Surroundings& surroundings, const Mesh& mesh, std::span<Material* const> palette, const Movement& movement);
+    Object(Surroundings& surroundings, const Mesh& mesh, std::span<Material* const> palette, Movement movement);
     ~Object();
     Object(const Object&) = delete;
     Object& operator=(const Object&) = delete;
@@ -48,26 +47,45 @@ public:
     // A group is drawn with its parts when any of them is seen. Parts are children of the group, or of other parts.
     void becomeGroup() { isGroup_ = 1; }
     void becomePart() { partOfGroup = 1; }
+    // Turns to the eye wherever that is, as a particle does.
+    void becomeSprite() { isSprite_ = true; }
+
+    // Of level i the object draws the geometry, and its parts that of the level's parts, while it is no farther from
+    // the eye than limits[i]; of the last level beyond all of them. So there is one level more than limits. Levels can
+    // be shared: what is prepared for one object is drawn before the next one is prepared.
+    void drawLevels(std::span<Object* const> levels, std::span<const double> limits);
+
+    // The outline of a face of what was last prepared for this object, in camera space.
+    std::vector<CameraVertex> outline(i32 face) const;
+
+    std::string name; // for people
 
 private:
-    // What the renderer calls, in this order.
+    // What the renderer calls, in this order. `drawn` is the object whose geometry is taken: this one, or of a level.
     void updatePlace();
     void placeInView(const View& view);
-    void testBounds(const View& view);
-    void lightVertices();
-    void prepareVertices(const View& view);
+    Object& selectedLevel();
+    void testBounds(const Object& drawn, const View& view);
+    void lightVertices(const Object& drawn);
+    void prepareVertices(Object& drawn, const View& view);
 
-    u32 outcode(const CameraVertex& vertex, const View& view) const;
+    Vector lightAt(const Vector& place, const Vector& normal) const;
     void prepareFace(Face& face);
+    void findBounds();
+    void fillRecords(const Mesh& mesh, std::span<Material* const> palette);
     void releaseFaces();
 
     struct Callbacks;
+    static const FaceTest* faceTestRecord();
     static ObjectClass* classRecord();
 
     Surroundings& surroundings_;
     Movement movement_;
     Object* parent_ = nullptr;
     i32 isGroup_ = 0;
+    bool isSprite_ = false;
+    std::vector<Object*> levels_;
+    std::vector<double> levelLimits_;
 
     i32 firstVertex_ = 0; // of its part of the engine's arrays
     std::vector<Vector> positions_, normals_;
@@ -82,6 +100,7 @@ private:
 
     Placement inScene_{};
     Placement inView_{};
+    const Object* lastDrawn_ = nullptr;
 };
 
 } // namespace sample_host

@@ -6,19 +6,28 @@
 namespace sample_host {
 
 const char* const usage =
-    R"(usage: sample_host [MODEL.obj | --room] [option]...
+    R"(usage: sample_host [MODEL.obj | --scene NAME | --room] [pick X Y] [option]...
+       sample_host gallery [option]...
 
 Draws a scene through the renderer and writes what it drew as PNG files.
 
-  MODEL.obj               a model with its materials and images; without one, the
-                          model that tools/fetch_models fetches, or else the room
-  --room                  a room of our own making
+  MODEL.obj               a model with its materials and images; without a model or
+                          scene, the model that tools/fetch_models fetches, or else
+                          the room
+  --scene NAME            room: a lit room with a window and cones of light
+                          robots: groups with parts and levels of detail
+                          particles: a fountain between fires
+  --room                  the same as --scene room
+  pick X Y                says what lies under that pixel: the object, the number of
+                          its face and the depth; marks it in the picture
+  gallery                 the contact sheets of the render modes, in both pixel
+                          formats, and a picture of each of the scenes
   --frames N              with more than 1: a turntable of N frames, an animated PNG
-  --size WxH              of the pictures (640x480)
+  --size WxH              of the pictures (640x480); not of the contact sheets
   --format 565|555        of the frame buffer's pixels (565)
-  --texture true|palette  16-bit maps, or maps of 256 colours (true)
-  --state 0|1|2           render state of the materials: unlit, or lit (0); maps are
-                          lit with 256 colours only, else the faces are in flat colours
+  --state 0|1|2           render state of the materials: 0 unlit, 1 or 2 lit (1)
+  --texture true|palette  maps of unlit materials: 16-bit, or of 256 colours (true);
+                          lit ones always have 256 colours
   --library FILE          the renderer (beside the program)
   --out DIR               where the pictures go (pictures)
   --help                  this text
@@ -50,6 +59,26 @@ bool choice(const std::string& text, const char* first, const char* second, cons
     return text == second;
 }
 
+// A width, an x and a height.
+void readSize(const std::string& size, Options& options)
+{
+    const std::size_t cross = size.find('x');
+    if (cross == std::string::npos) fail("--size is a width, an x and a height, not '" + size + "'");
+    options.width = number(std::string_view(size).substr(0, cross), 16, 4096, "--size");
+    options.height = number(std::string_view(size).substr(cross + 1), 16, 4096, "--size");
+}
+
+// What does not go together.
+void check(const Options& options)
+{
+    if (!options.sceneName.empty() && !options.modelFile.empty()) fail("a model or a scene, not both");
+    if (options.command == Command::gallery && (!options.sceneName.empty() || !options.modelFile.empty()))
+        fail("the gallery takes no model and no scene");
+    if (options.command != Command::draw && options.frames > 1) fail("only a scene can be a turntable");
+    if (options.command == Command::pick && (options.pickX >= options.width || options.pickY >= options.height))
+        fail("the pixel to pick lies outside the picture");
+}
+
 } // namespace
 
 Options readOptions(std::span<const char* const> arguments)
@@ -61,10 +90,22 @@ Options readOptions(std::span<const char* const> arguments)
             if (i + 1 == arguments.size()) fail(option + " needs a value");
             return arguments[++i];
         };
+        const auto command = [&](Command wanted) {
+            if (options.command != Command::draw) fail("one command at a time: '" + option + "' is the second");
+            options.command = wanted;
+        };
         if (option == "--help")
-            options.help = true;
-        else if (option == "--room")
-            options.room = true;
+            return {.command = Command::help};
+        else if (option == "gallery")
+            command(Command::gallery);
+        else if (option == "pick") {
+            command(Command::pick);
+            options.pickX = number(value(), 0, 4095, option);
+            options.pickY = number(value(), 0, 4095, option);
+        } else if (option == "--room")
+            options.sceneName = "room";
+        else if (option == "--scene")
+            options.sceneName = value();
         else if (option == "--library")
             options.libraryFile = value();
         else if (option == "--out")
@@ -78,20 +119,16 @@ Options readOptions(std::span<const char* const> arguments)
         else if (option == "--texture")
             options.mode.textures =
                 choice(value(), "true", "palette", option) ? TextureKind::palettised : TextureKind::trueColour;
-        else if (option == "--size") {
-            const std::string size = value();
-            const std::size_t cross = size.find('x');
-            if (cross == std::string::npos) fail("--size is a width, an x and a height, not '" + size + "'");
-            options.width = number(std::string_view(size).substr(0, cross), 16, 4096, option);
-            options.height = number(std::string_view(size).substr(cross + 1), 16, 4096, option);
-        } else if (option.starts_with("-"))
+        else if (option == "--size")
+            readSize(value(), options);
+        else if (option.starts_with("-"))
             fail("there is no option " + option);
         else if (!options.modelFile.empty())
             fail("one model at a time: '" + option + "' is the second");
         else
             options.modelFile = option;
     }
-    if (options.room && !options.modelFile.empty()) fail("a model or --room, not both");
+    check(options);
     return options;
 }
 

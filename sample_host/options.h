@@ -7,16 +7,24 @@
 
 namespace sample_host {
 
+enum class Command {
+    draw,    // a scene
+    pick,    // what lies under a pixel of a scene
+    gallery, // all that is of our own making
+    help,
+};
+
 struct Options {
-    std::string modelFile; // none: the model that tools/fetch_models fetches, or the room when that is not there
-    bool room = false;
-    bool help = false;
-    std::string libraryFile; // none: the library beside the program or in the folder above
+    Command command = Command::draw;
+    std::string modelFile; // neither this nor a scene: the model that tools/fetch_models fetches, or else the room
+    std::string sceneName; // one of the scenes of our own
+    int pickX = 0, pickY = 0;
+    std::string libraryFile; // none: the library beside the program
     std::string outFolder = "pictures";
     int frames = 1;
     int width = 640, height = 480;
     PixelFormat format = PixelFormat::rgb565;
-    MaterialMode mode;
+    MaterialMode mode{TextureKind::trueColour, 1};
 };
 
 extern const char* const usage;

@@ -40,9 +40,17 @@ Material* Scene::addMaterial(const MaterialRecipe& recipe)
     return &materials_.emplace_back(surroundings_.engine, recipe, mode_);
 }
 
-Object& Scene::addObject(const Mesh& mesh, std::span<Material* const> palette, const Movement& movement, Object* parent)
+Object& Scene::addLevelGeometry(const Mesh& mesh, std::span<Material* const> palette, Object* parent)
 {
-    Object& object = objects_.emplace_back(surroundings_, mesh, palette, movement);
+    Object& object = objects_.emplace_back(surroundings_, mesh, palette, standing({}));
+    polygonCount_ += object.faceCount;
+    if (parent) parent->addChild(object);
+    return object;
+}
+
+Object& Scene::addObject(const Mesh& mesh, std::span<Material* const> palette, Movement movement, Object* parent)
+{
+    Object& object = objects_.emplace_back(surroundings_, mesh, palette, std::move(movement));
     polygonCount_ += object.faceCount;
     if (parent) {
         parent->addChild(object);
@@ -54,16 +62,35 @@ Object& Scene::addObject(const Mesh& mesh, std::span<Material* const> palette, c
     return object;
 }
 
-double Scene::draw(FrameBuffer& frame, double phase)
+void Scene::moveTo(double phase)
 {
     surroundings_.phase = phase;
     camera.phase = phase;
+}
+
+double Scene::draw(FrameBuffer& frame, double phase)
+{
+    moveTo(phase);
     View view(camera, frame.width, frame.height, frame.pitch);
     view.firstObject = firstRoot_;
 
     const auto start = std::chrono::steady_clock::now();
     surroundings_.engine.library.render(&view, frame.pixels.data(), 0, clearUncovered);
     return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
+}
+
+Pick Scene::pick(const FrameBuffer& frame, double phase, int x, int y)
+{
+    moveTo(phase);
+    View view(camera, frame.width, frame.height, frame.pitch);
+    view.firstObject = firstRoot_;
+
+    Pick pick;
+    const f32 middle = 0.5f; // of the pixel
+    const SceneObject* object =
+        surroundings_.engine.library.pick(&view, f32(x) + middle, f32(y) + middle, &pick.face, &pick.depth);
+    pick.object = static_cast<const Object*>(object);
+    return pick;
 }
 
 } // namespace sample_host

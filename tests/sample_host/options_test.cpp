@@ -19,12 +19,14 @@ TEST_CASE("without arguments one frame of 640 x 480 in 5-6-5 is drawn into pictu
 {
     const Options options = read({});
     CHECK(options.modelFile.empty());
-    CHECK_FALSE(options.room);
+    CHECK(options.sceneName.empty());
     CHECK(options.frames == 1);
     CHECK(options.width == 640);
     CHECK(options.height == 480);
     CHECK(options.format == PixelFormat::rgb565);
+    CHECK(options.command == Command::draw);
     CHECK(options.mode.textures == TextureKind::trueColour);
+    CHECK(options.mode.renderState == 1);
     CHECK(options.outFolder == "pictures");
 }
 
@@ -43,13 +45,65 @@ TEST_CASE("every option is read, in any order")
     CHECK(options.mode.renderState == 1);
 }
 
+TEST_CASE("a pick is a command with a pixel, of a model or a scene")
+{
+    const Options ofModel = read({"a.obj", "pick", "12", "34"});
+    CHECK(ofModel.command == Command::pick);
+    CHECK(ofModel.modelFile == "a.obj");
+    CHECK(ofModel.pickX == 12);
+    CHECK(ofModel.pickY == 34);
+
+    const Options ofScene = read({"--scene", "robots", "pick", "0", "0", "--format", "555"});
+    CHECK(ofScene.command == Command::pick);
+    CHECK(ofScene.sceneName == "robots");
+    CHECK(ofScene.format == PixelFormat::rgb555);
+
+    CHECK(read({"--room", "pick", "1", "2"}).sceneName == "room");
+}
+
+TEST_CASE("a pixel to pick lies inside the picture, whatever comes first")
+{
+    CHECK_NOTHROW(read({"pick", "639", "479"}));
+    CHECK_THROWS_AS(read({"pick", "640", "0"}), std::runtime_error);
+    CHECK_THROWS_AS(read({"pick", "0", "480"}), std::runtime_error);
+    CHECK_NOTHROW(read({"pick", "900", "500", "--size", "1000x600"}));
+    CHECK_THROWS_AS(read({"pick", "300", "20", "--size", "300x200"}), std::runtime_error);
+}
+
+TEST_CASE("the gallery and the help are commands of their own")
+{
+    CHECK(read({"gallery", "--out", "docs/pictures"}).command == Command::gallery);
+    CHECK(read({"a.obj", "--help"}).command == Command::help);
+}
+
 TEST_CASE("what cannot be used is refused with a sentence")
 {
     const std::vector<std::vector<const char*>> wrong{
-        {"--frames"},           {"--frames", "0"},     {"--frames", "12x"}, {"--frames", "99999999999"},
-        {"--size", "640"},      {"--size", "640x"},    {"--size", "8x480"}, {"--size", "640x4097"},
-        {"--format", "888"},    {"--texture", "nice"}, {"--state", "3"},    {"--nothing"},
-        {"one.obj", "two.obj"}, {"--room", "one.obj"},
+        {"--frames"},
+        {"--frames", "0"},
+        {"--frames", "12x"},
+        {"--frames", "99999999999"},
+        {"--size", "640"},
+        {"--size", "640x"},
+        {"--size", "8x480"},
+        {"--size", "640x4097"},
+        {"--format", "888"},
+        {"--texture", "nice"},
+        {"--state", "3"},
+        {"--nothing"},
+        {"one.obj", "two.obj"},
+        {"--room", "one.obj"},
+        {"--scene"},
+        {"--scene", "room", "one.obj"},
+        {"pick"},
+        {"pick", "1"},
+        {"pick", "1", "-1"},
+        {"pick", "one", "2"},
+        {"gallery", "--room"},
+        {"gallery", "a.obj"},
+        {"gallery", "pick"},
+        {"pick", "1", "2", "gallery"},
+        {"pick", "1", "2", "--frames", "3"},
     };
     for (const auto& arguments : wrong) CHECK_THROWS_AS(read(arguments), std::runtime_error);
 }
