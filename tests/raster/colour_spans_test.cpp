@@ -37,8 +37,9 @@ void checkGouraud(Channels start, Channels step, const char* in555, const char* 
 
 TEST_CASE("a Gouraud span makes each pixel from the top bits of its channels")
 {
-    // Red 8, 16, 24, ... is field 1, 2, 3, ...; blue 248, 240, ... is 31, 30, ...; green 4, 8, 12, ... is 1, 2, 3, ... of 63
-    // and 0, 1, 1, 2, 2, ... of 31. The first pixel is (1 x 32 + 0) x 32 + 31 = 0x041f, or (1 x 64 + 1) x 32 + 31 = 0x083f.
+    // Red 8, 16, 24, ... is field 1, 2, 3, ...; blue 248, 240, ... is 31, 30, ...; green 4, 8, 12, ... is 1, 2, 3, ...
+    // of 63 and 0, 1, 1, 2, 2, ... of 31. The first pixel is (1 x 32 + 0) x 32 + 31 = 0x041f, or (1 x 64 + 1) x 32 + 31
+    // = 0x083f.
     checkGouraud({8, 4, 248}, {8, 4, -8},
                  "041f 083e 0c3d 105c 145b 187a 1c79 2098 | 2497 28b6 2cb5 30d4 34d3 38f2 3cf1 4110 | 450f",
                  "083f 105e 187d 209c 28bb 30da 38f9 4118 | 4937 5156 5975 6194 69b3 71d2 79f1 8210 | 8a2f");
@@ -126,8 +127,9 @@ TEST_CASE("the channels of a scaled texture grow linearly from pixel to pixel, a
 
 TEST_CASE("a scaled texel takes its low byte, its bits 5 to 12 and its high byte to the tables of blue, green and red")
 {
-    // Texel 0x66dd: 0xdd, 0x66dd >> 5 = 0x336, of which 0x36, and 0x66. Channels 0x12, 0x34 and 0x56, with fractions that
-    // do not count. Of each entry the low 16 bits are read, and the sum keeps 16: 0xff01 + 0x0020 + 0x0400 = 0x10321.
+    // Texel 0x66dd: 0xdd, 0x66dd >> 5 = 0x336, of which 0x36, and 0x66. Channels 0x12, 0x34 and 0x56, with fractions
+    // that do not count. Of each entry the low 16 bits are read, and the sum keeps 16: 0xff01 + 0x0020 + 0x0400 =
+    // 0x10321.
     ColourScaleTables& tables = colourScaleTables;
     std::memset(static_cast<void*>(&tables), 0, sizeof tables);
     tables.redScale[0x12 * 256 + 0x66] = 0xdead0400;

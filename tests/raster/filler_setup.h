@@ -104,9 +104,9 @@ SpanGradients recedingShade();
 // The lengths at which spans are tried: without a pixel, within a block, around its end and around the end of the next.
 inline constexpr i32 spanLengths[] = {0, 1, 5, 7, 8, 9, 16, 17};
 
-// Draws spans of all those lengths over pixels that all hold `destination`, from even and odd pixels on, and checks that
-// they are the first of the 17 pixels given and that nothing beside them was touched. In the record only the count may
-// have changed: a routine that draws in blocks takes 8 off for each whole one.
+// Draws spans of all those lengths over pixels that all hold `destination`, from even and odd pixels on, and checks
+// that they are the first of the 17 pixels given and that nothing beside them was touched. In the record only the count
+// may have changed: a routine that draws in blocks takes 8 off for each whole one.
 enum class Count { takesBlocksOff, stays };
 void checkSpan(const SpanGradients& setUp, SpanRoutine routine, u16 destination, const char* pixels,
                Count count = Count::takesBlocksOff);

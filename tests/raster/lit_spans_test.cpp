@@ -86,8 +86,8 @@ TEST_CASE("a colour-keyed lit half blend leaves palette index 0 undrawn, whateve
 
 TEST_CASE("a lit add draws the saturated sum of lit texel and pixel, and truncates on any map")
 {
-    // Over 0x4a52, which counts as 0x4252 in 5-6-5. 0x0a6d counts as 0x0a4d in 5-5-5: the sum 0x549f has the carry 0x400
-    // and becomes 0x57ff. In 5-6-5 it counts as 0x024d: 0x449f has no carry.
+    // Over 0x4a52, which counts as 0x4252 in 5-6-5. 0x0a6d counts as 0x0a4d in 5-5-5: the sum 0x549f has the carry
+    // 0x400 and becomes 0x57ff. In 5-6-5 it counts as 0x024d: 0x449f has no carry.
     const TexturedSpans spans = {.routines = litTextureAdd, .bitsPerTexel = 8, .destination = 0x4a52};
     // clang-format off
     checkTexturedSpans(spans, flat(), {

@@ -97,8 +97,8 @@ TEST_CASE("a span of exactly 16 pixels is two blocks and no remainder")
 
 TEST_CASE("a span of 17 pixels begins its third block with the exact coordinates")
 {
-    // Truncated coordinates come to 511 + 8 x 128 = 1535 and 2815 - 8 x 64 = 2303 by stepping as well. Rounded ones step
-    // by 127 and -65 and would come to 512 + 8 x 127 = 1528 and 2816 - 8 x 65 = 2296.
+    // Truncated coordinates come to 511 + 8 x 128 = 1535 and 2815 - 8 x 64 = 2303 by stepping as well. Rounded ones
+    // step by 127 and -65 and would come to 512 + 8 x 127 = 1528 and 2816 - 8 x 65 = 2296.
     const Walked truncating = walked<Truncating>(receding(), 17);
     CHECK(listed(truncating.u) == listed(first(17, recedingU)));
     CHECK(listed(truncating.v) == listed(first(17, recedingV)));

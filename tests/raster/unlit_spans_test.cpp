@@ -79,8 +79,8 @@ TEST_CASE("a texture half blend draws the mean of texel and pixel")
 TEST_CASE("a texture add draws the saturated sum of texel and pixel")
 {
     // Over 0x4a52, which counts as 0x4252 in 5-6-5. The texel 0x66dd counts as 0x62dd in 5-5-5: the sum 0xad2f has the
-    // carries 0x20, 0x400 and 0x8000 and becomes 0xffff. In 5-6-5 it counts whole: 0xa92f has the carries 0x20 and 0x800
-    // and becomes 0xafff. 0x1144 has no carry in either: 0x5b96 and 0x5396.
+    // carries 0x20, 0x400 and 0x8000 and becomes 0xffff. In 5-6-5 it counts whole: 0xa92f has the carries 0x20 and
+    // 0x800 and becomes 0xafff. 0x1144 has no carry in either: 0x5b96 and 0x5396.
     const TexturedSpans spans = {.routines = textureAdd, .bitsPerTexel = 16, .destination = 0x4a52};
     // clang-format off
     checkTexturedSpans(spans, flat(), {
