@@ -24,17 +24,46 @@ void fillTexture(TestTexture& texture, i32 side)
     texture.map.transparentColour = 97 * 5;
 }
 
+void setColours(TestMaterial& material)
+{
+    material.diffuseColour = {.red = 200, .green = 120, .blue = 40, .gap3 = 0, .packed = 0x5a5a};
+    material.tintColour = {.red = 250, .green = 200, .blue = 150, .gap3 = 0, .packed = 0};
+}
+
+// Every clean scene has the same maps: to fill them takes longer than to draw them.
+struct Textures {
+    TestTexture coloured{16, 16, 16};
+    TestTexture palettised{8, 16, 16};
+    TestTexture squareColoured{16, 256, 256, true};
+    TestTexture squarePalettised{8, 256, 256, true};
+
+    Textures()
+    {
+        fillTexture(coloured, 16);
+        fillTexture(palettised, 16);
+        fillTexture(squareColoured, 256);
+        fillTexture(squarePalettised, 256);
+    }
+};
+
+Textures& textures()
+{
+    static Textures all;
+    return all;
+}
+
 } // namespace
 
 CleanScene::CleanScene(TestHost& host)
-    : scene(host, {.right = columns * cell, .bottom = lines * cell}), frame(columns * cell, lines * cell),
-      coloured(16, 16, 16), palettised(8, 16, 16), squareColoured(16, 256, 256, true),
-      squarePalettised(8, 256, 256, true)
+    : scene(host, {.right = columns * cell, .bottom = lines * cell}), frame(columns * cell, lines * cell)
 {
-    fillTexture(coloured, 16);
-    fillTexture(palettised, 16);
-    fillTexture(squareColoured, 256);
-    fillTexture(squarePalettised, 256);
+    // The ramps take long to fill too.
+    litPlain = &scene.addMaterial(1);
+    litTextured = &scene.addMaterial(1, &textures().palettised);
+    for (TestMaterial* material : {litPlain, litTextured}) {
+        setColours(*material);
+        Kardeno_Update_Material_Dll(material);
+    }
 
     // A ground that is cut at all four sides, with a hole at the bottom, and before it the faces of each row.
     TestObject& object = scene.addRoot();
@@ -49,14 +78,17 @@ void CleanScene::addFacesOfRow(TestObject& object, u32 row)
 {
     const RowNeeds needs = needsOf(row);
     for (const bool square : {false, true}) {
-        TestTexture* texture = nullptr;
-        if (needs == RowNeeds::texels16) texture = square ? &squareColoured : &coloured;
-        if (needs == RowNeeds::texels8) texture = square ? &squarePalettised : &palettised;
-        TestMaterial& material = scene.addMaterial(needs == RowNeeds::texels16 ? 0 : 1, texture);
+        TestMaterial& material = scene.bareMaterial();
+        setColours(material);
+        Kardeno_Add_Material_Dll(&material);
         material.renderPrivate->mode = &RenderModeTable[row];
-        material.diffuseColour = {.red = 200, .green = 120, .blue = 40, .gap3 = 0, .packed = 0x5a5a};
-        material.tintColour = {.red = 250, .green = 200, .blue = 150, .gap3 = 0, .packed = 0};
-        Kardeno_Update_Material_Dll(&material);
+        material.renderPrivate->shadeRamp = litPlain->renderPrivate->shadeRamp;
+        if (needs == RowNeeds::texels16)
+            material.textureMap = square ? &textures().squareColoured.map : &textures().coloured.map;
+        if (needs == RowNeeds::texels8) {
+            material.textureMap = square ? &textures().squarePalettised.map : &textures().palettised.map;
+            material.renderPrivate->shadeRamp = litTextured->renderPrivate->shadeRamp;
+        }
 
         const f32 x = static_cast<f32>(static_cast<i32>(row) % columns * cell + (square ? cell / 2 : 0));
         const f32 y = static_cast<f32>(static_cast<i32>(row) / columns * cell);

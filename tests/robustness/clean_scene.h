@@ -24,7 +24,8 @@ public:
 private:
     TestScene scene;
     TestFrame frame;
-    TestTexture coloured, palettised, squareColoured, squarePalettised;
+    TestMaterial* litPlain; // whose ramps the materials of all rows share
+    TestMaterial* litTextured;
 
     void addFacesOfRow(TestObject& object, u32 row);
 };

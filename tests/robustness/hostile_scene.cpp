@@ -176,7 +176,9 @@ void HostileScene::makeTextures()
         texture.map.transparentColour = static_cast<u16>(source.below(3) * 257);
     };
     for (const u32 bits : {16u, 8u}) add(bits, 1 << source.below(9), 1 << source.below(9), false);
-    add(source.onceIn(2) ? 8 : 16, 256, 256, true);
+    const u32 squareBits = source.onceIn(2) ? 8 : 16;
+    const bool isSquare = source.onceIn(2);
+    add(squareBits, isSquare ? 256 : 4, isSquare ? 256 : 2, isSquare);
     // Everything but 8 means 16-bit texels.
     if (source.onceIn(4)) textures.front().image().bitsPerTexel = source.onceIn(2) ? source.word() | 1 : 0;
 }
