@@ -14,6 +14,7 @@ struct FillCall {
     u16* frameBuffer;
     u32 argument;
     u32 pitch;
+    u16 firstPixel; // of the frame buffer, when the filler was called
 };
 
 class FillRecorder {
@@ -48,7 +49,7 @@ private:
 
     static void record(const ScreenPolygon* polygon, u16* frameBuffer, u32 argument, u32 pitch)
     {
-        calls.push_back({polygon->material, polygon->maxDepth, frameBuffer, argument, pitch});
+        calls.push_back({polygon->material, polygon->maxDepth, frameBuffer, argument, pitch, frameBuffer[0]});
     }
 };
 

@@ -140,6 +140,21 @@ TEST_CASE("the clear comes before the fillers: a see-through polygon blends over
     CHECK(frame.row(0, 0, 4) == std::vector<u16>{0, 0x7800, 0x7800, 0});
 }
 
+TEST_CASE("the clear comes before every filler")
+{
+    TestHost host;
+    TestScene scene(host, {.right = 16, .bottom = 1});
+    FillRecorder recorder;
+    TestMaterial& wall = scene.addMaterial();
+    scene.addFace(scene.addRoot(), wall, TestScene::rectangle(2, 0, 5, 1));
+    recorder.watch(wall);
+    std::vector<u16> pixels(16, untouched);
+    for (const u8 flags : {u8{0}, u8{1}}) Kardeno_Render_Dll(&scene.view.record, pixels.data(), 0, flags);
+    REQUIRE(recorder.calls.size() == 2);
+    CHECK(recorder.calls[0].firstPixel == untouched);
+    CHECK(recorder.calls[1].firstPixel == 0);
+}
+
 TEST_CASE("the clear uses the view's pitch")
 {
     TestHost host;

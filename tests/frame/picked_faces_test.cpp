@@ -104,6 +104,18 @@ TEST_CASE("the depth is that of the face's plane under the viewing ray")
     CHECK(scene.pick(160, 300) == Hit{&object, 0, 0.5f});
 }
 
+TEST_CASE("the viewing ray has the scale of its own axis")
+{
+    PickScene scene({.nearZ = 0.5f, .centreX = 160, .centreY = 100, .scaleX = 100, .scaleY = 50});
+    TestObject& object = scene.scene.addRoot();
+    // A wall one unit to the right, on the screen at column 160 + 100 / Z, and a floor one unit below, at row
+    // 100 + 50 / Z.
+    scene.addFace(object, {{185, 87.5f, 4}, {185, 112.5f, 4}, {260, 150, 1}, {260, 50, 1}});
+    scene.addFace(object, {{135, 112.5f, 4}, {60, 150, 1}, {260, 150, 1}, {185, 112.5f, 4}});
+    CHECK(scene.pick(210, 100) == Hit{&object, 0, 2});
+    CHECK(scene.pick(160, 125) == Hit{&object, 1, 2});
+}
+
 TEST_CASE("a face partly behind the near plane is clipped first: its hidden part cannot be hit")
 {
     PickScene scene(centred(1, 1000));

@@ -1,0 +1,161 @@
+// A small scene drawn and picked through the loaded library, on stacks of every alignment that a host may have.
+#include "tests/library/loaded_library.h"
+#include "tests/library/raw_scene.h"
+
+#include <doctest/doctest.h>
+
+using namespace kardeno;
+using namespace kardeno::tests;
+
+namespace {
+
+constexpr u16 o = 0;
+constexpr u16 wall = 0x1234;
+// Level 16 of a white ramp: ((16 x 255 x 255 x 3) >> 14) >> 2 = 190 >> 2 = 47 in each channel.
+constexpr u16 lit = 0x2965;
+// Half blends of 0xf000, the lowest bits of red and green masked out: (0xf000 + 0x1214) / 2 and (0xf000 + 0x2145) / 2.
+constexpr u16 overWall = 0x810a;
+constexpr u16 overLit = 0x88a2;
+
+const std::vector<u16> emptyRow = {o, o, o, o, o, o, o, o, o, o, o, o, o, o, o, o};
+const std::vector<u16> upperRow = {o, o, wall, wall, wall, wall, lit, lit, lit, lit, o, o, o, o, o, o};
+const std::vector<u16> lowerRow = {o, o, wall, wall, overWall, overWall, overLit, overLit, lit, lit, o, o, o, o, o, o};
+
+void addAll(const LoadedLibrary& library, RawScene& scene)
+{
+    CHECK(library.call("Init_Render", scene.context.address()) == 1);
+    const i32 states[] = {0, 1, 0};
+    for (size_t i = 0; i < 3; ++i) {
+        void* const material = scene.materials[i].address();
+        CHECK(library.call("Add_Material", material) == 1);
+        CHECK(scene.materials[i].get<u32>(112) != 0);
+        CHECK(library.call("Set_Material_Render_State", material, states[i]) == 1);
+        CHECK(library.call("Get_Material_Render_State", material) == static_cast<u32>(states[i]));
+        library.call("Set_Material_Fct", material);
+        library.call("Update_Material", material);
+        CHECK(library.call("Add_Face", scene.faces[i].address()) == 1);
+        CHECK(scene.faces[i].get<u32>(60) != 0);
+    }
+    // Three private records, a ramp and three face colours.
+    CHECK(RawScene::log == "AAAAAAA");
+}
+
+void drawAndCheck(const LoadedLibrary& library, RawScene& scene)
+{
+    RawScene::log.clear();
+    library.call("Render", scene.view.address(), scene.frameBuffer(), u32{7}, u32{1});
+    CHECK(scene.row(0) == emptyRow);
+    CHECK(scene.row(1) == upperRow);
+    CHECK(scene.row(2) == lowerRow);
+    CHECK(scene.row(3) == emptyRow);
+}
+
+void pickAndCheck(const LoadedLibrary& library, RawScene& scene)
+{
+    i32 faceIndex = -1;
+    f32 depth = -1;
+    const auto pick = [&](f32 x, f32 y) {
+        return library.call("Pick", scene.view.address(), x, y, &faceIndex, &depth);
+    };
+    RawScene::log.clear();
+    CHECK(pick(8.5f, 1.5f) == wordOf(scene.object.address()));
+    CHECK(faceIndex == 1);
+    CHECK(depth == 1);
+    CHECK(RawScene::log == "cutsbpfff");
+    CHECK(pick(12.5f, 1.5f) == 0);
+    CHECK(faceIndex == 0);
+    CHECK(depth == 100);
+}
+
+void releaseAll(const LoadedLibrary& library, RawScene& scene)
+{
+    RawScene::log.clear();
+    for (size_t i = 0; i < 3; ++i) {
+        library.call("Release_Face", scene.faces[i].address());
+        library.call("Release_Material", scene.materials[i].address());
+    }
+    library.call("Release_Render", scene.context.address());
+    CHECK(RawScene::log == "FFFFFFF");
+}
+
+} // namespace
+
+TEST_CASE("a scene of plain bytes is added, drawn, picked and released through the loaded library")
+{
+    RawScene scene;
+    LoadedLibrary library;
+    addAll(library, scene);
+    drawAndCheck(library, scene);
+    // The tree, then two lists with the sort arrays after the first, edges and spans.
+    CHECK(RawScene::log == "cutsblpfRRRRffRRR");
+    drawAndCheck(library, scene);
+    CHECK(RawScene::log == "cutsblpfff");
+    pickAndCheck(library, scene);
+    releaseAll(library, scene);
+}
+
+TEST_CASE("without the clear flag the loaded library leaves the background alone")
+{
+    RawScene scene;
+    LoadedLibrary library;
+    addAll(library, scene);
+    library.call("Render", scene.view.address(), scene.frameBuffer(), u32{0}, u32{0});
+    CHECK(scene.row(0) == std::vector<u16>(16, RawScene::untouched));
+    CHECK(scene.row(1)[2] == wall);
+    CHECK(scene.row(1)[1] == RawScene::untouched);
+}
+
+TEST_CASE("only the low byte of the flags is looked at")
+{
+    RawScene scene;
+    LoadedLibrary library;
+    addAll(library, scene);
+    library.call("Render", scene.view.address(), scene.frameBuffer(), u32{0}, u32{0xffffff00});
+    CHECK(scene.row(0) == std::vector<u16>(16, RawScene::untouched));
+}
+
+TEST_CASE("a library that was unloaded and loaded again starts with empty pools")
+{
+    RawScene scene;
+    for (i32 time = 0; time < 2; ++time) {
+        LoadedLibrary library;
+        RawScene::log.clear();
+        RawScene::firstReallocs = 0;
+        addAll(library, scene);
+        drawAndCheck(library, scene);
+        CHECK(RawScene::firstReallocs == 7); // two lists, three sort arrays, edges, spans
+        releaseAll(library, scene);
+    }
+}
+
+TEST_CASE("the stack stands where the tests put it")
+{
+    for (const u32 offset : {0u, 4u, 8u, 12u}) {
+        void* const function = reinterpret_cast<void*>(stackPointerAtCall);
+        CHECK(callWithOffset(offset, function) % 16 == (16 - offset) % 16);
+        CHECK(callWithOffset(offset, function, 1, 2, 3) % 16 == (16 - offset) % 16);
+    }
+}
+
+TEST_CASE("every function works on a stack that is aligned to 4 bytes only, host callbacks included")
+{
+    for (const u32 offset : {0u, 4u, 8u, 12u}) {
+        CAPTURE(offset);
+        RawScene scene;
+        LoadedLibrary library;
+        library.stackOffset = offset;
+        addAll(library, scene);
+        drawAndCheck(library, scene);
+        CHECK(RawScene::log == "cutsblpfRRRRffRRR");
+        drawAndCheck(library, scene);
+        pickAndCheck(library, scene);
+        for (const char* name :
+             {"Add_Animation", "Add_Camera", "Add_Light", "Add_Light_Map", "Add_Map", "Add_Object", "Add_Spot_Light"})
+            CHECK(library.call(name, scene.object.address()) == 1);
+        for (const char* name :
+             {"Release_Animation", "Release_Camera", "Release_Light", "Release_Light_Map", "Release_Map",
+              "Release_Object", "Release_Spot_Light", "Update_Light_Map", "Update_Map"})
+            library.call(name, scene.object.address());
+        releaseAll(library, scene);
+    }
+}

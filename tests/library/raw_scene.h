@@ -1,0 +1,92 @@
+// A host in plain bytes: its records are written through their published offsets, not through the renderer's own headers,
+// and its services are the C library's.
+#pragma once
+
+#include "support/types.h"
+
+#include <cstring>
+#include <deque>
+#include <string>
+#include <vector>
+
+namespace kardeno::tests {
+
+// A zero-filled record of the host.
+class RawRecord {
+public:
+    explicit RawRecord(size_t bytes) : words((bytes + 3) / 4, 0) {}
+
+    template <class Value>
+    RawRecord& set(u32 offset, Value value)
+    {
+        std::memcpy(address() + offset, &value, sizeof value);
+        return *this;
+    }
+    template <class Value>
+    Value get(u32 offset) const
+    {
+        Value value;
+        std::memcpy(&value, reinterpret_cast<const u8*>(words.data()) + offset, sizeof value);
+        return value;
+    }
+    u8* address() { return reinterpret_cast<u8*>(words.data()); }
+
+private:
+    std::vector<u32> words;
+};
+
+// A wall of a plain colour, a lit wall and a pane of glass before both, in a frame of 16 x 4 pixels, 5-6-5.
+//
+//   columns   0 1 | 2 ... 5 | 6 ... 9 | 10 ... 15
+//   rows 1-2      |  wall   |   lit   |
+//   row 2             4 .. glass .. 8
+class RawScene {
+public:
+    static constexpr i32 width = 16;
+    static constexpr i32 height = 4;
+    static constexpr u16 untouched = 0x5aa5;
+
+    RawScene();
+    ~RawScene(); // after the library was unloaded: gives all memory back
+    RawScene(const RawScene&) = delete;
+    RawScene& operator=(const RawScene&) = delete;
+
+    RawRecord context{16836 + 64};
+    RawRecord view{68};
+    std::deque<RawRecord> materials; // wall, lit, glass
+    RawRecord object{232};
+    std::deque<RawRecord> faces;
+    std::vector<u16> pixels = std::vector<u16>(width * height, untouched);
+
+    void* frameBuffer() { return pixels.data(); }
+    std::vector<u16> row(i32 y) const { return {pixels.begin() + y * width, pixels.begin() + (y + 1) * width}; }
+
+    // Calls of the host's functions, by their first letters: camera, update, transform, select, bounds, light, prepare,
+    // face test; and of its services: alloc, realloc, free.
+    static inline std::string log;
+    static inline std::vector<u32> reallocBytes;
+    static inline u32 firstReallocs; // how many reallocs were given a null block
+
+private:
+    RawRecord projection{40};
+    RawRecord camera{96};
+    RawRecord cameraFunctions{4};
+    RawRecord objectClass{112};
+    RawRecord functions{40};
+    RawRecord groupFlag{4};
+    RawRecord faceTest{4};
+    std::deque<RawRecord> flagBlocks;
+    std::deque<RawRecord> nodes;
+    std::vector<std::vector<i32>> indices;
+    std::vector<void*> facePointers;
+    std::vector<f32> cameraVertices, screenVertices, shades;
+    std::vector<u32> outcodes, stamps;
+
+    void setServices();
+    void setView();
+    void setFunctions();
+    void addMaterial(u16 packed, u8 channel, i32 transparency);
+    void addRectangle(size_t material, f32 x, f32 y, f32 xEnd, f32 yEnd, f32 z);
+};
+
+} // namespace kardeno::tests
