@@ -27,7 +27,6 @@ TEST_CASE("a refused growth ends the resolution at once; the spans made so far s
 {
     SpanScene scene(tall);
     const ScreenPolygon& post = scene.addRectangle(10, 0, 20, 2000);
-    const ScreenPolygon& below = scene.addRectangle(2, 1500, 5, 1510);
     scene.host.refuse(3); // after the edges' and the spans' first blocks
     scene.resolve();
 
@@ -36,8 +35,23 @@ TEST_CASE("a refused growth ends the resolution at once; the spans made so far s
     CHECK(runsOf(post).front() == Run{10, 20, 1364});
     CHECK(runsOf(post).size() == 1365);
     CHECK(background(1366).empty());
-    CHECK(below.spanHead == -1);
     CHECK(scene.host.calls.size() == 3); // it is not asked for again
+}
+
+TEST_CASE("no row is walked after a refused growth, though the stored capacity says that there is room")
+{
+    SpanScene scene(tall);
+    const ScreenPolygon& post = scene.addRectangle(10, 0, 20, 2000);
+    // Two runs more on row 0: the growth is refused to the last run of row 1,364, with no polygon entered.
+    scene.addRectangle(25, 0, 28, 1);
+    scene.host.refuse(3);
+    scene.resolve();
+
+    CHECK(SpanPool.capacity == 8192);
+    CHECK(SpanPool.count == 4096);
+    CHECK(background(1364) == Runs{{0, 10, 1364}});
+    CHECK(runsOf(post).front() == Run{10, 20, 1364});
+    CHECK(background(1365).empty());
 }
 
 TEST_CASE("the frame after a refused growth is resolved as if nothing had happened")
