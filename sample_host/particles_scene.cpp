@@ -35,7 +35,7 @@ double chance(int particle, int property)
     return scattered(particle + 31, property) / 255.0;
 }
 
-// The part of a particle's life that is over, when it is born again as often as `lives` says while the phase goes from 0 to 1.
+// The part of a particle's life that is over. While the phase goes from 0 to 1 it is born again `lives` times.
 double ageAt(double phase, int lives, double birth)
 {
     const double age = phase * lives + birth;

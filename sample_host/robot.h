@@ -13,8 +13,8 @@ struct RobotLevels {
 };
 RobotLevels addRobotLevels(Scene& scene);
 
-// A robot that marches on the spot, looking along Z. `lead` is how far its steps are ahead of those of others, from 0 to 1.
-// It has no geometry of its own: its tree of objects has the same shape as those of the levels.
+// A robot that marches on the spot, looking along Z. `lead` is how far its steps are ahead of those of others, from 0
+// to 1. It has no geometry of its own: its tree of objects has the same shape as those of the levels.
 void addRobot(Scene& scene, const RobotLevels& levels, const std::string& name, const Placement& place, double lead);
 
 } // namespace sample_host

@@ -40,7 +40,7 @@ std::unique_ptr<Scene> buildRobotsScene(Engine& engine, const SceneRequest& requ
     const std::vector<Material*> palette = yardMaterials(*scene);
     Mesh floor, ring;
     addBoard(floor, tiled, {{-14, 0, 14}, {28, 0, 0}, {0, 0, -28}, 14, 14, 7, 7});
-    addRing(ring, sky, {.radius = 19, .foot = -4, .height = 14});
+    addRing(ring, sky, {.radius = 22, .foot = -3, .height = 17});
     scene->addObject(floor, palette).name = "floor";
     scene->addObject(ring, palette).name = "sky";
 
