@@ -24,20 +24,18 @@ const std::vector<u16> lowerRow = {o, o, wall, wall, overWall, overWall, overLit
 void addAll(const LoadedLibrary& library, RawScene& scene)
 {
     CHECK(library.call("Init_Render", scene.context.address()) == 1);
-    const i32 states[] = {0, 1, 0};
-    for (size_t i = 0; i < 3; ++i) {
+    for (size_t i = 0; i < scene.materials.size(); ++i) {
         void* const material = scene.materials[i].address();
+        const i32 state = scene.states[i];
         CHECK(library.call("Add_Material", material) == 1);
         CHECK(scene.materials[i].get<u32>(112) != 0);
-        CHECK(library.call("Set_Material_Render_State", material, states[i]) == 1);
-        CHECK(library.call("Get_Material_Render_State", material) == static_cast<u32>(states[i]));
+        CHECK(library.call("Set_Material_Render_State", material, state) == 1);
+        CHECK(library.call("Get_Material_Render_State", material) == static_cast<u32>(state));
         library.call("Set_Material_Fct", material);
         library.call("Update_Material", material);
         CHECK(library.call("Add_Face", scene.faces[i].address()) == 1);
         CHECK(scene.faces[i].get<u32>(60) != 0);
     }
-    // Three private records, a ramp and three face colours.
-    CHECK(RawScene::log == "AAAAAAA");
 }
 
 void drawAndCheck(const LoadedLibrary& library, RawScene& scene)
@@ -70,12 +68,11 @@ void pickAndCheck(const LoadedLibrary& library, RawScene& scene)
 void releaseAll(const LoadedLibrary& library, RawScene& scene)
 {
     RawScene::log.clear();
-    for (size_t i = 0; i < 3; ++i) {
+    for (size_t i = 0; i < scene.materials.size(); ++i) {
         library.call("Release_Face", scene.faces[i].address());
         library.call("Release_Material", scene.materials[i].address());
     }
     library.call("Release_Render", scene.context.address());
-    CHECK(RawScene::log == "FFFFFFF");
 }
 
 } // namespace
@@ -85,6 +82,7 @@ TEST_CASE("a scene of plain bytes is added, drawn, picked and released through t
     RawScene scene;
     LoadedLibrary library;
     addAll(library, scene);
+    CHECK(RawScene::log == "AAAAAAA"); // three private records, a ramp and three face colours
     drawAndCheck(library, scene);
     // The tree, then two lists with the sort arrays after the first, edges and spans.
     CHECK(RawScene::log == "cutsblpfRRRRffRRR");
@@ -92,6 +90,7 @@ TEST_CASE("a scene of plain bytes is added, drawn, picked and released through t
     CHECK(RawScene::log == "cutsblpfff");
     pickAndCheck(library, scene);
     releaseAll(library, scene);
+    CHECK(RawScene::log == "FFFFFFF");
 }
 
 TEST_CASE("without the clear flag the loaded library leaves the background alone")
@@ -157,5 +156,37 @@ TEST_CASE("every function works on a stack that is aligned to 4 bytes only, host
               "Release_Object", "Release_Spot_Light", "Update_Light_Map", "Update_Map"})
             library.call(name, scene.object.address());
         releaseAll(library, scene);
+    }
+}
+
+TEST_CASE("faces that are clipped, textured and lit are drawn on such stacks too")
+{
+    struct Case {
+        Content content;
+        u16 pixel;
+    };
+    for (const Case& c : {
+             Case{Content::unlitTexture, 0x0841},
+             // Level 16 of white: ((16 x 255) >> 8) x 255 >> 6 = 59 in each channel.
+             Case{Content::litTexture, 0x39c7},
+             // The lit wall's colour, half blended over 0.
+             Case{Content::litGlass, 0x2145 / 2},
+         }) {
+        for (const u32 offset : {0u, 4u, 8u, 12u}) {
+            CAPTURE(static_cast<i32>(c.content));
+            CAPTURE(offset);
+            RawScene scene(c.content);
+            LoadedLibrary library;
+            library.stackOffset = offset;
+            addAll(library, scene);
+            library.call("Render", scene.view.address(), scene.frameBuffer(), u32{0}, u32{1});
+            CHECK(scene.pixels == std::vector<u16>(RawScene::width * RawScene::height, c.pixel));
+
+            i32 faceIndex = -1;
+            f32 depth = -1;
+            CHECK(library.call("Pick", scene.view.address(), 8.5f, 1.5f, &faceIndex, &depth)
+                  == wordOf(scene.object.address()));
+            releaseAll(library, scene);
+        }
     }
 }

@@ -89,7 +89,7 @@ i32 testFace(void*)
 
 } // namespace
 
-RawScene::RawScene()
+RawScene::RawScene(Content content)
 {
     log.clear();
     reallocBytes.clear();
@@ -97,20 +97,25 @@ RawScene::RawScene()
 
     setView();
     setFunctions();
-    addMaterial(0x1234, 0, 0);
-    addMaterial(0, 255, 0);
-    addMaterial(0xf000, 0, 50);
-    addRectangle(0, 2, 1, 6, 3, 1);
-    addRectangle(1, 6, 1, 10, 3, 1);
-    addRectangle(2, 4, 2, 8, 3, 0.5f);
-
-    for (RawRecord& face : faces) facePointers.push_back(face.address());
-    object.set(80, static_cast<i32>(faces.size())).set(84, facePointers.data());
-    for (size_t i = 0; i < nodes.size(); ++i) {
-        nodes[i].set(0, materials[i].address());
-        if (i + 1 < nodes.size()) nodes[i].set(4, nodes[i + 1].address());
+    // Down the left side first; every plane has a corner inside it.
+    const std::vector<Corner> cutEverywhere = {
+        {-8, -8, 200, 0x29}, {-8, 12, 0.45f, 0x1a}, {24, 12, 0.45f, 0x16}, {24, -8, 200, 0x25}};
+    const std::vector<Corner> cutAtTheSides = {
+        {-8, -8, 1, 0x2b}, {-8, 12, 1, 0x1b}, {24, 12, 1, 0x17}, {24, -8, 1, 0x27}};
+    switch (content) {
+    case Content::walls: addWalls(); break;
+    case Content::unlitTexture:
+    case Content::litTexture:
+        setTexture(content == Content::litTexture ? 8 : 16);
+        addMaterial(content == Content::litTexture ? 1 : 0, 0).set(92, map.address());
+        addFace(0, cutEverywhere);
+        break;
+    case Content::litGlass:
+        addMaterial(1, 50);
+        addFace(0, cutAtTheSides);
+        break;
     }
-    object.set(104, nodes[0].address());
+    linkObject();
     setServices();
 }
 
@@ -118,6 +123,27 @@ RawScene::~RawScene()
 {
     for (void* block : heldBlocks) std::free(block);
     heldBlocks.clear();
+}
+
+void RawScene::addWalls()
+{
+    addMaterial(0, 0).set(54, u16{0x1234});
+    addMaterial(1, 0);
+    addMaterial(0, 50).set(54, u16{0xf000});
+    addRectangle(0, 2, 1, 6, 3, 1);
+    addRectangle(1, 6, 1, 10, 3, 1);
+    addRectangle(2, 4, 2, 8, 3, 0.5f);
+}
+
+void RawScene::linkObject()
+{
+    for (RawRecord& face : faces) facePointers.push_back(face.address());
+    object.set(80, static_cast<i32>(faces.size())).set(84, facePointers.data());
+    for (size_t i = 0; i < nodes.size(); ++i) {
+        nodes[i].set(0, materials[i].address());
+        if (i + 1 < nodes.size()) nodes[i].set(4, nodes[i + 1].address());
+    }
+    object.set(104, nodes[0].address());
 }
 
 void RawScene::setServices()
@@ -149,30 +175,52 @@ void RawScene::setFunctions()
     faceTest.set(0, testFace);
 }
 
-void RawScene::addMaterial(u16 packed, u8 channel, i32 transparency)
+// 4 x 4 texels of one colour: the pixel 0x0841, or palette index 1, which is white.
+void RawScene::setTexture(u32 bitsPerTexel)
+{
+    image.set(0, bitsPerTexel).set(16, u32{15}).set(20, u32{2}).set(24, f32{4}).set(28, f32{4});
+    for (u32 i = 0; i < 16; ++i) {
+        if (bitsPerTexel == 8)
+            image.set(32 + i, u8{1});
+        else
+            image.set(32 + 2 * i, u16{0x0841});
+    }
+    palette.set(4, u32{0xffffff});
+    map.set(56, image.address()).set(60, palette.address());
+    texCoords = {0, 0, 0, 1, 1, 1, 1, 0};
+}
+
+// A white material.
+RawRecord& RawScene::addMaterial(i32 state, i32 transparency)
 {
     RawRecord& material = materials.emplace_back(116);
     RawRecord& flags = flagBlocks.emplace_back(8);
     nodes.emplace_back(8);
-    for (u32 i = 0; i < 3; ++i) material.set(50 + i, channel).set(62 + i, channel); // diffuse and tint
-    material.set(54, packed).set(76, transparency).set(108, flags.address());
+    states.push_back(state);
+    for (u32 i = 0; i < 3; ++i) material.set(50 + i, u8{255}).set(62 + i, u8{255}); // diffuse and tint
+    return material.set(76, transparency).set(108, flags.address());
+}
+
+void RawScene::addFace(size_t material, const std::vector<Corner>& corners)
+{
+    RawRecord& face = faces.emplace_back(68);
+    std::vector<i32>& vertices = indices.emplace_back();
+    for (const Corner& corner : corners) {
+        vertices.push_back(static_cast<i32>(outcodes.size()));
+        cameraVertices.insert(cameraVertices.end(), {corner.x * corner.z, -corner.y * corner.z, corner.z});
+        screenVertices.insert(screenVertices.end(), {0, 0, 0});
+        shades.insert(shades.end(), {0, 0, 0, 64}); // 64 quarter levels: level 16
+        outcodes.push_back(corner.outcode);
+        stamps.push_back(0);
+    }
+    face.set(0, static_cast<i32>(corners.size())).set(4, vertices.data()).set(8, texCoords.data());
+    face.set(20, materials[material].address());
+    face.set(40, f32{0}).set(44, f32{0}).set(48, f32{1}).set(64, faceTest.address());
 }
 
 void RawScene::addRectangle(size_t material, f32 x, f32 y, f32 xEnd, f32 yEnd, f32 z)
 {
-    const f32 corners[4][2] = {{x, y}, {x, yEnd}, {xEnd, yEnd}, {xEnd, y}};
-    RawRecord& face = faces.emplace_back(68);
-    std::vector<i32>& corner = indices.emplace_back();
-    for (const auto& [cornerX, cornerY] : corners) {
-        corner.push_back(static_cast<i32>(outcodes.size()));
-        cameraVertices.insert(cameraVertices.end(), {cornerX * z, -cornerY * z, z});
-        screenVertices.insert(screenVertices.end(), {0, 0, 0});
-        shades.insert(shades.end(), {0, 0, 0, 64}); // 64 quarter levels: level 16
-        outcodes.push_back(0x3f);
-        stamps.push_back(0);
-    }
-    face.set(0, i32{4}).set(4, corner.data()).set(20, materials[material].address());
-    face.set(40, f32{0}).set(44, f32{0}).set(48, f32{1}).set(64, faceTest.address());
+    addFace(material, {{x, y, z, 0x3f}, {x, yEnd, z, 0x3f}, {xEnd, yEnd, z, 0x3f}, {xEnd, y, z, 0x3f}});
 }
 
 } // namespace kardeno::tests

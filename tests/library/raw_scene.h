@@ -35,25 +35,30 @@ private:
     std::vector<u32> words;
 };
 
-// A wall of a plain colour, a lit wall and a pane of glass before both, in a frame of 16 x 4 pixels, 5-6-5.
+// What stands in a scene: three small faces, or one that is cut at every side of the frame (those with a texture at the
+// near and the far plane too) and covers it with one colour.
 //
-//   columns   0 1 | 2 ... 5 | 6 ... 9 | 10 ... 15
-//   rows 1-2      |  wall   |   lit   |
-//   row 2             4 .. glass .. 8
+//   walls     columns   0 1 | 2 ... 5 | 6 ... 9 | 10 ... 15      a wall of a plain colour, a lit wall, and a pane of glass
+//             rows 1-2      |  wall   |   lit   |                before both
+//             row 2             4 .. glass .. 8
+enum class Content { walls, unlitTexture, litTexture, litGlass };
+
+// A frame of 16 x 4 pixels, 5-6-5.
 class RawScene {
 public:
     static constexpr i32 width = 16;
     static constexpr i32 height = 4;
     static constexpr u16 untouched = 0x5aa5;
 
-    RawScene();
+    explicit RawScene(Content content = Content::walls);
     ~RawScene(); // after the library was unloaded: gives all memory back
     RawScene(const RawScene&) = delete;
     RawScene& operator=(const RawScene&) = delete;
 
     RawRecord context{16836 + 64};
     RawRecord view{68};
-    std::deque<RawRecord> materials; // wall, lit, glass
+    std::deque<RawRecord> materials;
+    std::vector<i32> states; // what each material is to be set to
     RawRecord object{232};
     std::deque<RawRecord> faces;
     std::vector<u16> pixels = std::vector<u16>(width * height, untouched);
@@ -79,14 +84,27 @@ private:
     std::deque<RawRecord> nodes;
     std::vector<std::vector<i32>> indices;
     std::vector<void*> facePointers;
+    RawRecord map{64};
+    RawRecord image{32 + 32};
+    RawRecord palette{1024};
+    std::vector<f32> texCoords;
     std::vector<f32> cameraVertices, screenVertices, shades;
     std::vector<u32> outcodes, stamps;
+
+    struct Corner {
+        f32 x, y, z; // screen column and row, camera depth
+        u32 outcode;
+    };
 
     void setServices();
     void setView();
     void setFunctions();
-    void addMaterial(u16 packed, u8 channel, i32 transparency);
+    void setTexture(u32 bitsPerTexel);
+    RawRecord& addMaterial(i32 state, i32 transparency);
+    void addFace(size_t material, const std::vector<Corner>& corners);
     void addRectangle(size_t material, f32 x, f32 y, f32 xEnd, f32 yEnd, f32 z);
+    void addWalls();
+    void linkObject();
 };
 
 } // namespace kardeno::tests
