@@ -78,6 +78,12 @@ void buildPlainAndTranslucent(Scene& scene)
     colour({250, 140, 40});
     bench.panel(turned(8, 0, -3, 0, {0.2, 1.4, 9}), 2.8, 0.5);
 
+    // Two boards in one place: of equally deep ones the one made first is seen.
+    for (const Colour& board : {Colour{60, 210, 210}, Colour{220, 60, 200}}) {
+        colour(board);
+        bench.panel({.origin = {-4, 2.6, 9}}, 1, 0.7);
+    }
+
     colour({255, 0, 0}, 50);
     bench.panel(turned(10, 0, 1, 0, {-1.2, 0.2, 6}), 0.9, 1.4);
     colour({0, 255, 0}, 50);
