@@ -1,0 +1,239 @@
+// What shows only in whole textured fillers: which span list, map, ramp, key and format they take.
+#include "tests/raster/row_setup.h"
+
+#include <cstring>
+
+using namespace kardeno;
+using namespace kardeno::tests;
+using enum kardeno::tests::Addressing;
+
+namespace {
+
+struct RowAndTexels {
+    ModeRow::Index row;
+    u32 bitsPerTexel;
+};
+
+// The rows that draw spans, which are all but UnlitTexturedShade10.
+constexpr RowAndTexels rowsWithSpans[] = {
+    {ModeRow::FallbackFlat, 0},
+    {ModeRow::FallbackBlend, 0},
+    {ModeRow::UnlitPlain, 0},
+    {ModeRow::UnlitTextured, 16},
+    {ModeRow::UnlitTexturedShade1, 16},
+    {ModeRow::UnlitTranslucent, 0},
+    {ModeRow::UnlitTexturedTranslucent, 16},
+    {ModeRow::UnlitTexturedShade2, 16},
+    {ModeRow::UnlitTexturedShade11, 16},
+    {ModeRow::UnlitPalettised, 8},
+    {ModeRow::LitPlain, 0},
+    {ModeRow::LitTextured, 8},
+    {ModeRow::LitTexturedShade1, 8},
+    {ModeRow::LitTranslucent, 0},
+    {ModeRow::LitTexturedTranslucent, 8},
+    {ModeRow::LitTexturedShade1Translucent, 8},
+    {ModeRow::LitTexturedShade2, 8},
+    {ModeRow::SpareA, 0},
+    {ModeRow::SpareB, 16},
+};
+
+RowSettings settingsOf(const RowAndTexels& row)
+{
+    RowSettings settings = {.bitsPerTexel = row.bitsPerTexel, .faceColour = 0x1234, .diffuse = 0x1234};
+    for (i32 i = 0; i < 3; ++i) settings.channelsOnTheLeft[i] = settings.channelsOnTheRight[i] = 100;
+    return settings;
+}
+
+} // namespace
+
+TEST_CASE("a polygon without spans writes nothing, whatever its row")
+{
+    for (const RowAndTexels& row : rowsWithSpans) {
+        CAPTURE(row.row);
+        RowScene scene(row.row, settingsOf(row), 16, square, SetUp::flat);
+        for (i32 y = 0; y < 4; ++y) CHECK(scene.drawn({}, y, 0, 40) == text(Pixels(40, 0x7777)));
+    }
+}
+
+TEST_CASE("a span of length 0 writes nothing, but the span after it is drawn, whatever the row")
+{
+    for (const RowAndTexels& row : rowsWithSpans) {
+        CAPTURE(row.row);
+        RowScene scene(row.row, settingsOf(row), 16, square, SetUp::flat);
+        const std::string alone = scene.drawn({{6, 2, 1}}, 1, 0, 40);
+        CHECK(alone != text(Pixels(40, 0x7777)));
+        CHECK(scene.drawn({{3, 0, 1}, {6, 2, 1}}, 1, 0, 40) == alone);
+        CHECK(scene.drawn({{3, 0, 2}, {6, 2, 1}}, 2, 0, 40) == text(Pixels(40, 0x7777)));
+    }
+}
+
+TEST_CASE("the same spans in another order draw the same pixels where the values are exact")
+{
+    for (const RowAndTexels& row : rowsWithSpans) {
+        CAPTURE(row.row);
+        RowScene scene(row.row, settingsOf(row), 16, any, SetUp::flat);
+        const std::string leftToRight = scene.drawn({{2, 3, 1}, {9, 4, 1}, {20, 1, 1}}, 1, 0, 40);
+        CHECK(scene.drawn({{20, 1, 1}, {2, 3, 1}, {9, 4, 1}}, 1, 0, 40) == leftToRight);
+    }
+}
+
+TEST_CASE("a bitsPerPixel of 24 or 32 is 5-6-5 to the fillers that blend or pack")
+{
+    struct Line {
+        ModeRow::Index row;
+        u32 bitsPerTexel;
+        u16 destination;
+        const char* pixel; // the first of the flat set-up in 5-6-5; another in 5-5-5
+    };
+    // From 0x66dd of the texture, 0x0a6d or 0x0a0a of the ramps, and the flat colour 0x7c21.
+    const Line lines[] = {
+        {ModeRow::FallbackBlend, 0, 0x0c63, "3c22"},
+        {ModeRow::UnlitTranslucent, 0, 0x0c63, "3c22"},
+        {ModeRow::UnlitTexturedTranslucent, 16, 0x2108, "43f2"},
+        {ModeRow::UnlitTexturedShade2, 16, 0x4a52, "afff"},
+        {ModeRow::UnlitTexturedShade10, 16, 0x4a52, "afff"},
+        {ModeRow::UnlitTexturedShade11, 16, 0x4a52, "afff"},
+        {ModeRow::LitTranslucent, 0, 0x2108, "1189"},
+        {ModeRow::LitTexturedTranslucent, 8, 0x2108, "11aa"},
+        {ModeRow::LitTexturedShade1Translucent, 8, 0x2108, "11aa"},
+        {ModeRow::LitTexturedShade2, 8, 0x4a52, "449f"},
+        {ModeRow::SpareA, 0, 0x7777, "083f"}, // red 8, green 4, blue 248
+    };
+    for (const Line& line : lines) {
+        for (const i32 bitsPerPixel : {16, 24, 32, 8, 0, -15}) {
+            CAPTURE(line.pixel);
+            CAPTURE(bitsPerPixel);
+            RowSettings settings = {.bitsPerTexel = line.bitsPerTexel, .destination = line.destination};
+            settings.faceColour = settings.diffuse = 0x7c21;
+            const f32 channels[] = {8, 4, 248};
+            std::memcpy(settings.channelsOnTheLeft, channels, sizeof channels);
+            std::memcpy(settings.channelsOnTheRight, channels, sizeof channels);
+            RowScene scene(line.row, settings, bitsPerPixel, any, SetUp::flat);
+            CHECK(scene.drawn({{0, 1, 0}}, 0, 0, 1) == line.pixel);
+        }
+    }
+}
+
+TEST_CASE("a bitsPerPixel of 24 or 32 is 5-5-5 to the tables of the colour-scaled texture")
+{
+    // Full channels leave of 0xcc00 all but bit 15.
+    for (const i32 bitsPerPixel : {24, 32}) {
+        const RowSettings settings = {
+            .bitsPerTexel = 16, .channelsOnTheLeft = {255, 255, 255}, .channelsOnTheRight = {255, 255, 255}};
+        RowScene scene(ModeRow::SpareB, settings, bitsPerPixel, any, SetUp::receding);
+        CHECK(scene.drawn({{0, 1, 0}}, 0, 0, 1) == "4c00");
+    }
+}
+
+TEST_CASE("the pixel format is read anew at every filler call")
+{
+    RowScene scene(ModeRow::UnlitTranslucent, {.destination = 0x0c63, .diffuse = 0x7c21}, 16, any, SetUp::flat);
+    CHECK(scene.drawn({{0, 1, 0}}, 0, 0, 1) == "3c22");
+    scene.host.context().bitsPerPixel = 15;
+    CHECK(scene.drawn({{0, 1, 0}}, 0, 0, 1) == "4022");
+}
+
+TEST_CASE("a 256 x 256 map reads column 0 of the same row at column 256, one without that mark column 0 of the next")
+{
+    // The mark of the same map set and cleared; texels are 0xYYXX of the whole map. Column 254 of row 16 and on.
+    RowScene scene(ModeRow::UnlitTextured, {.bitsPerTexel = 16}, 16, square, SetUp::flat);
+    for (i32 y = 0; y < 256; ++y) {
+        for (i32 x = 0; x < 256; ++x) scene.texture.setTexel(x, y, static_cast<u32>(y * 256 + x));
+    }
+    for (i32 i = 0; i < 4; ++i) {
+        scene.polygon.texU[i] = (254.0f + (i < 2 ? 0.0f : 32.0f)) * 256;
+        scene.polygon.texV[i] = 16 * 256;
+    }
+    CHECK(scene.drawn({{0, 4, 0}}, 0, 0, 4) == "10fe 10ff 1000 1001");
+    scene.texture.image().is256x256 = 0;
+    CHECK(scene.drawn({{0, 4, 0}}, 0, 0, 4) == "10fe 10ff 1100 1101");
+    scene.texture.image().is256x256 = 0x80000000; // any value but 0
+    CHECK(scene.drawn({{0, 4, 0}}, 0, 0, 4) == "10fe 10ff 1000 1001");
+}
+
+TEST_CASE("a palettised map of an unlit polygon shows level 63, whatever the polygon's intensity")
+{
+    for (const f32 intensity : {0.0f, 5000.0f, -1.0f, 1e30f}) {
+        RowScene scene(ModeRow::UnlitPalettised, {.bitsPerTexel = 8}, 16, square, SetUp::flat);
+        for (f32& corner : scene.polygon.intensity) corner = intensity;
+        CHECK(scene.drawn({{0, 4, 0}}, 0, 0, 4) == "3f6d 3f6d 3f5e 3f5f");
+    }
+}
+
+TEST_CASE("a colour-keyed span whose texels all have the key's colour writes nothing")
+{
+    for (const Addressing addressing : {any, square}) {
+        RowScene scene(ModeRow::UnlitTexturedShade1, {.bitsPerTexel = 16, .transparentColour = 0x1357}, 16, addressing,
+                       SetUp::flat);
+        const i32 size = addressing == square ? 256 : 16;
+        for (i32 y = 0; y < size; ++y) {
+            for (i32 x = 0; x < size; ++x) scene.texture.setTexel(x, y, 0x1357);
+        }
+        CHECK(scene.drawn({{0, 32, 1}}, 1, 0, 40) == text(Pixels(40, 0x7777)));
+    }
+}
+
+TEST_CASE("the colour key compares all 16 bits of the texel")
+{
+    // 0x66dd is drawn although one bit more, bit 15 that 5-5-5 does not use, would make it the key.
+    RowScene scene(ModeRow::UnlitTexturedShade1, {.bitsPerTexel = 16, .transparentColour = 0xe6dd}, 15, any,
+                   SetUp::flat);
+    CHECK(scene.drawn({{0, 2, 1}}, 1, 0, 2) == "66dd 66dd");
+}
+
+TEST_CASE("a colour-keyed lit span compares the palette index, at every shade, and not the lit colour")
+{
+    // Index 5 is the key. The ramp gives it the colour of index 6, and index 7 the colour 0x0005.
+    RowScene scene(ModeRow::LitTexturedShade1, {.bitsPerTexel = 8, .transparentIndex = 5, .transparentColour = 0x0006},
+                   16, square, SetUp::flat);
+    for (i32 y = 0; y < 256; ++y) {
+        for (i32 x = 0; x < 256; ++x) scene.texture.setTexel(x, y, static_cast<u32>(x & 7));
+    }
+    for (size_t level = 0; level < 64; ++level) {
+        scene.ramp[level * 256 + 5] = scene.ramp[level * 256 + 6];
+        scene.ramp[level * 256 + 7] = 0x0005 << 16;
+    }
+    for (i32 i = 0; i < 4; ++i) scene.polygon.texU[i] = (i < 2 ? 4.0f : 36.0f) * 256;
+    for (u32 level = 0; level < 64; ++level) {
+        for (f32& intensity : scene.polygon.intensity) intensity = static_cast<f32>(level) * 256;
+        const u16 four = static_cast<u16>(level * 256 + 4);
+        const u16 six = static_cast<u16>(level * 256 + 6);
+        CHECK(scene.drawn({{0, 4, 1}}, 1, 0, 4) == text({four, 0x7777, six, 0x0005}));
+    }
+}
+
+TEST_CASE("palette index 0 is never drawn by the colour-keyed lit half blend, whatever transparentIndex says")
+{
+    for (const u8 index : {0, 5, 255}) {
+        RowScene scene(ModeRow::LitTexturedShade1Translucent,
+                       {.bitsPerTexel = 8, .destination = 0x2108, .transparentIndex = index, .texelThatIsZero = 0x5e},
+                       16, any, SetUp::flat);
+        CHECK(scene.drawn({{0, 4, 1}}, 1, 0, 4) == "11aa 11aa 2108 1233");
+    }
+}
+
+TEST_CASE("palette index 0 is drawn by the colour-keyed lit texture unless transparentIndex is 0")
+{
+    const RowSettings five = {.bitsPerTexel = 8, .transparentIndex = 5, .texelThatIsZero = 0x5e};
+    RowScene drawing(ModeRow::LitTexturedShade1, five, 16, any, SetUp::flat);
+    CHECK(drawing.drawn({{0, 4, 1}}, 1, 0, 4) == "0a6d 0a6d 0b00 0b5f");
+}
+
+TEST_CASE("palette index 0 is left undrawn by the colour-keyed lit texture when transparentIndex is 0")
+{
+    const RowSettings zero = {.bitsPerTexel = 8, .transparentIndex = 0, .texelThatIsZero = 0x5e};
+    RowScene scene(ModeRow::LitTexturedShade1, zero, 16, any, SetUp::flat);
+    CHECK(scene.drawn({{0, 4, 1}}, 1, 0, 4) == "0a6d 0a6d 7777 0b5f");
+}
+
+TEST_CASE("a channel of the scaled texture that is the same on both sides draws one brightness")
+{
+    // Channel 128 of a white map: blue 31 x 128 / 255 = 15, green 63 x 128 / 255 = 31, red 15.
+    const RowSettings settings = {
+        .bitsPerTexel = 16, .channelsOnTheLeft = {128, 128, 128}, .channelsOnTheRight = {128, 128, 128}};
+    RowScene scene(ModeRow::SpareB, settings, 16, any, SetUp::flat);
+    for (i32 y = 0; y < 16; ++y) {
+        for (i32 x = 0; x < 16; ++x) scene.texture.setTexel(x, y, 0xffff);
+    }
+    CHECK(scene.drawn({{0, 8, 1}}, 1, 0, 8) == "7bef 7bef 7bef 7bef 7bef 7bef 7bef 7bef");
+}
