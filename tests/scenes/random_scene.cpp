@@ -61,7 +61,8 @@ public:
     {
         std::vector<Vector> outline = outlineOnCircle(random);
         const bool turnedAway = mayFaceAway && random.oneIn(8);
-        const f64 stretch = random.real(0.5, 4) * (random.oneIn(4) ? 1.0 : 0.25);
+        const f64 repeats = random.oneIn(4) ? 1.0 : 0.25;
+        const f64 stretch = repeats * random.real(0.5, 4);
         const f64 shiftU = random.real(0, 1), shiftV = random.real(0, 1);
         std::vector<Corner> corners;
         for (const Vector& point : outline) {
