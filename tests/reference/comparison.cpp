@@ -1,7 +1,10 @@
 #include "tests/reference/comparison.h"
 
+#include "tests/reference/reference_spans.h"
+
 #include <doctest/doctest.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -12,6 +15,7 @@ namespace {
 
 constexpr i32 framesOfScene = 2;
 constexpr i32 picksOfFrame = 6;
+constexpr i32 seedsOfTheme = 10000;
 constexpr i32 fence = 6; // pixels around the frame that are compared as well
 
 // Everything outside the frame buffer that a frame or a pick may change, and the calls that it made.
@@ -115,6 +119,20 @@ std::string differenceOf(const TestFrame& library, const TestFrame& model, Rando
     return differing == 0 ? "" : first + "; " + std::to_string(differing) + " pixels differ";
 }
 
+// Whether an outline begins where the reference renderer does not follow it.
+bool isLeftOpen(reference::Renderer& model)
+{
+    for (const reference::List list :
+         {reference::List::resolved, reference::List::sorted, reference::List::lateSorted}) {
+        for (const reference::Polygon& polygon : model.lists[list]) {
+            for (const reference::Corner& corner : polygon.corners) {
+                if (corner.scanY < reference::highestRowFollowed) return true;
+            }
+        }
+    }
+    return false;
+}
+
 i32 numberFromEnvironment(const char* name, i32 otherwise)
 {
     const char* const text = std::getenv(name);
@@ -161,7 +179,8 @@ std::string compareFrames(RandomScene& scene)
     scene.model.render(&scene.scene.view.record, model.pixels(), flags);
 
     std::string difference = differenceOf(libraryRecords, recordsOf(scene));
-    return difference.empty() ? differenceOf(library, model, scene) : difference;
+    scene.lastFrameOpen = isLeftOpen(scene.model);
+    return difference.empty() && !scene.lastFrameOpen ? differenceOf(library, model, scene) : difference;
 }
 
 std::string comparePicks(RandomScene& scene, f32 x, f32 y)
@@ -190,9 +209,9 @@ std::string comparePicks(RandomScene& scene, f32 x, f32 y)
 Compared compareScenes(u32 firstSeed, i32 count, const SceneChoice& choice)
 {
     Compared compared;
+    count = std::min(count * numberFromEnvironment("KARDENO_REFERENCE_FACTOR", 1), seedsOfTheme);
     const i32 replayed = numberFromEnvironment("KARDENO_REFERENCE_SEED", -1);
-    count *= numberFromEnvironment("KARDENO_REFERENCE_FACTOR", 1);
-    for (u32 seed = firstSeed; seed < firstSeed + static_cast<u32>(count); ++seed) {
+    for (u32 seed = firstSeed; seed < firstSeed + static_cast<u32>(replayed < 0 ? count : seedsOfTheme); ++seed) {
         if (replayed >= 0 && seed != static_cast<u32>(replayed)) continue;
         RandomScene scene(seed, choice, referenceRenderer());
         ++compared.scenes;
@@ -200,6 +219,7 @@ Compared compareScenes(u32 firstSeed, i32 count, const SceneChoice& choice)
             if (frame > 0) scene.nextFrame();
             std::string difference = compareFrames(scene);
             ++compared.frames;
+            compared.openFrames += scene.lastFrameOpen;
             for (const reference::List list : {reference::List::resolved, reference::List::sorted}) {
                 for (const reference::Polygon& polygon : scene.model.lists[list]) {
                     compared.polygonsSeen += !polygon.spans.empty();

@@ -197,10 +197,12 @@ void RandomScene::addShape(TestObject& object, Geometry& geometry)
     using Shape = void (RandomScene::*)(TestObject&, Geometry&);
     const Shape any[] = {&RandomScene::addScreenPolygon, &RandomScene::addScreenPolygon, &RandomScene::addRectangles,
                          &RandomScene::addPosts,         &RandomScene::addGrid,          &RandomScene::addBox,
-                         &RandomScene::addSolidPolygon,  &RandomScene::addSpoiltPolygon};
+                         &RandomScene::addSolidPolygon,  &RandomScene::addSpoiltPolygon, &RandomScene::addPlane,
+                         &RandomScene::addSlants};
     const Shape seeThrough[] = {&RandomScene::addRectangles, &RandomScene::addRectangles,
-                                &RandomScene::addScreenPolygon};
-    const Shape slivers[] = {&RandomScene::addPosts, &RandomScene::addSpoiltPolygon, &RandomScene::addGrid};
+                                &RandomScene::addScreenPolygon, &RandomScene::addPlane};
+    const Shape slivers[] = {&RandomScene::addPosts, &RandomScene::addSpoiltPolygon, &RandomScene::addGrid,
+                             &RandomScene::addSlants, &RandomScene::addPlane};
     const Shape billboards[] = {&RandomScene::addRectangles, &RandomScene::addBox, &RandomScene::addScreenPolygon};
     const Shape clipped[] = {&RandomScene::addSolidPolygon, &RandomScene::addBox, &RandomScene::addSolidPolygon};
     Shape shape = random.oneOf(any);
@@ -230,6 +232,7 @@ void RandomScene::reserveVertices(Geometry& geometry)
     if (!geometry.sharesPlace) privateVertices += count;
     while (static_cast<i32>(host.cameraVertices.size()) < privateVertices) {
         const i32 vertex = host.addVertex(0, 0, 1);
+        host.stamps[static_cast<size_t>(vertex)] = 0x80000000u;      // no projectionStamp that is ever reached
         const f32 before = static_cast<f32>(random.integer(0, 255)); // where the host never lights
         host.shades[static_cast<size_t>(vertex)] = {before, 255 - before, before / 2, before};
     }

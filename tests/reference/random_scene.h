@@ -51,6 +51,7 @@ public:
     std::deque<TestObject*> objects;
     i32 faceCount = 0;
     bool lastPickHit = false;
+    bool lastFrameOpen = false; // a corner was so far off that the pixels are left open
 
 private:
     const SceneChoice choice;
@@ -76,6 +77,8 @@ private:
     void addScreenPolygon(TestObject& object, Geometry& geometry);
     void addRectangles(TestObject& object, Geometry& geometry);
     void addPosts(TestObject& object, Geometry& geometry);
+    void addPlane(TestObject& object, Geometry& geometry);
+    void addSlants(TestObject& object, Geometry& geometry);
     void addGrid(TestObject& object, Geometry& geometry);
     void addBox(TestObject& object, Geometry& geometry);
     void addSolidPolygon(TestObject& object, Geometry& geometry);

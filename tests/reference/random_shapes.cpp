@@ -197,6 +197,52 @@ void RandomScene::addPosts(TestObject& object, Geometry& geometry)
     }
 }
 
+// Polygons that overlap in one plane: depths that differ by no more than their roundings.
+void RandomScene::addPlane(TestObject& object, Geometry& geometry)
+{
+    const f64 z = randomDepth();
+    const f64 slopeX = random.real(-0.4, 0.4) / frameWidth, slopeY = random.real(-0.4, 0.4) / frameHeight;
+    const TestFace* first = nullptr;
+    for (i32 count = random.integer(2, 6); count > 0; --count) {
+        const f64 x = random.real(0, 0.8) * frameWidth, y = random.real(0, 0.8) * frameHeight;
+        const f64 radius = random.real(0.1, 0.5) * frameWidth;
+        std::vector<i32> corners;
+        for (const Direction& towards : someDirections(random.integer(3, 6), random)) {
+            const f64 cornerX = snapped(x + radius * towards.x), cornerY = snapped(y - radius * towards.y);
+            corners.push_back(
+                addScreenVertex(geometry, cornerX, cornerY, z / (1 + slopeX * cornerX + slopeY * cornerY)));
+        }
+        addFace(object, geometry, corners);
+        TestFace& face = static_cast<TestFace&>(*object.faceList.back());
+        if (first && random.chance(70)) {
+            face.normalX = first->normalX;
+            face.normalY = first->normalY;
+            face.normalZ = first->normalZ;
+        }
+        first = &face;
+    }
+}
+
+// Sides that move by the same fraction of a column on every row and begin on whole columns, so that the last bit of
+// their step decides about pixels.
+void RandomScene::addSlants(TestObject& object, Geometry& geometry)
+{
+    const f64 slopes[] = {0, 0.25, 0.5, 1, 1, 2, -0.25, -0.5, -1, -1, -2};
+    const f64 depths[] = {1, 2, 4, 8};
+    for (i32 count = random.integer(1, 5); count > 0; --count) {
+        f64 z = random.oneOf(depths);
+        while (z < scene.view.record.nearZ) z *= 2;
+        const f64 x = random.integer(0, frameWidth), y = random.integer(0, frameHeight / 2);
+        const f64 yEnd = y + random.integer(1, frameHeight / 2 + 20);
+        const f64 xEnd = x + random.integer(1, 40);
+        const f64 leftSlope = random.oneOf(slopes), rightSlope = random.oneOf(slopes);
+        addFace(object, geometry,
+                {addScreenVertex(geometry, x, y, z), addScreenVertex(geometry, x + leftSlope * (yEnd - y), yEnd, z),
+                 addScreenVertex(geometry, xEnd + rightSlope * (yEnd - y), yEnd, z),
+                 addScreenVertex(geometry, xEnd, y, z)});
+    }
+}
+
 // A net of cells that share corners and sides.
 void RandomScene::addGrid(TestObject& object, Geometry& geometry)
 {

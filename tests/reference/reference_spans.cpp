@@ -19,7 +19,7 @@ f32 stepped(f32 from, f32 to, i32 rows)
 void followSide(const Corner& a, const Corner& b, i32 firstRow, i32 endRow, std::map<i32, Boundary>& boundaries)
 {
     const i32 rows = wrappedDifference(b.scanY, a.scanY);
-    if (rows == 0) return;
+    if (rows == 0 || a.scanY < highestRowFollowed) return;
     f32 x = a.screenX;
     const f32 xStep = stepped(a.screenX, b.screenX, rows);
     Values values = valuesOf(a);

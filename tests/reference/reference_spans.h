@@ -27,6 +27,10 @@ struct Boundary {
     Values values = {};
 };
 
+// A side that begins above this row is not followed down to the view. Only corners that a host's outcodes misplace, at
+// infinity mostly, are so far off; what such a polygon shows is left open.
+constexpr i32 highestRowFollowed = -4096;
+
 // Where a polygon begins and ends on each of its rows. "Left" is the chain of rising corner numbers.
 struct Outline {
     i32 top = 0, bottom = 0; // the bottom row is not part of it
