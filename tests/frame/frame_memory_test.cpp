@@ -227,7 +227,6 @@ TEST_CASE("a sorted list that its sort arrays cannot hold is drawn from its last
     TestScene scene(host, {.right = 12, .bottom = 8, .farZ = 100000});
     TestFrame frame(12, 8);
     FillRecorder recorder;
-    host.moveBlocks(false); // so that the list goes on in its block after half a growth
     TestObject& object = scene.addRoot();
     std::vector<i32> backwards;
     for (i32 i = 0; i < 520; ++i) {
@@ -238,7 +237,8 @@ TEST_CASE("a sorted list that its sort arrays cannot hold is drawn from its last
         if (i != 512) backwards.insert(backwards.begin(), z); // that face asks for the growth and is dropped
     }
     host.calls.clear();
-    host.refuse(6); // list and three sort arrays, then list and the first sort array
+    host.moveBlocks(false); // so that the list goes on in its block after half a growth
+    host.refuse(6);         // list and three sort arrays, then list and the first sort array
     scene.draw(frame);
 
     CHECK(sortedPolygons.count == 519);
