@@ -3,6 +3,7 @@
 #include <doctest/doctest.h>
 
 #include <algorithm>
+#include <functional>
 
 using namespace kardeno;
 using namespace kardeno::tests;
@@ -34,26 +35,25 @@ Growth manySides(i32 before)
     return {60, 70, before, raggedFaces(60, 600, 7)};
 }
 
-enum class Refusal { once, onward };
-
-struct Host {
-    bool moves;
-    Refusal refusal;
+// Which calls are refused, in words too, and by what kind of host.
+struct Refusal {
+    std::string what;
+    std::function<void(TestHost&)> begin;
+    bool blocksMove;
 };
 
-// Draws with the n-th call refused, and on with memory again, and follows every frame. False when there is no n-th call.
-bool followRefusal(const Growth& growth, const Host& behaviour, i32 n)
+// Draws with some calls refused, and on with memory again, and follows every frame. False when nothing was refused.
+bool followRefusal(const Growth& growth, const Refusal& refusal)
 {
     TestHost host;
-    host.moveBlocks(behaviour.moves);
+    host.moveBlocks(refusal.blocksMove);
     GridScene grid(host, growth.columns * GridScene::cellWidth, growth.height, growth.faces);
     MemoryModel model;
     const i32 all = static_cast<i32>(growth.faces.size());
 
     const auto followFrame = [&](const char* name, i32 count) {
-        const bool once = behaviour.refusal == Refusal::once;
-        const std::string what = "call " + std::to_string(n) + (once ? " alone" : " and all later ones")
-                                 + " refused, blocks " + (behaviour.moves ? "move" : "stay") + ": " + name;
+        const std::string what =
+            refusal.what + " refused, blocks " + (refusal.blocksMove ? "move" : "stay") + ": " + name;
         CAPTURE(what);
         host.calls.clear();
         grid.draw(count);
@@ -68,10 +68,7 @@ bool followRefusal(const Growth& growth, const Host& behaviour, i32 n)
     };
 
     if (growth.before > 0) followFrame("the frame before", growth.before);
-    if (behaviour.refusal == Refusal::once)
-        host.refuse(n);
-    else
-        host.refuseFrom(n);
+    refusal.begin(host);
     followFrame("the frame of the refusal", all);
     const bool reached = std::any_of(host.calls.begin(), host.calls.end(), [](const ServiceCall& call) {
         return call.kind == ServiceCall::realloc && !call.result;
@@ -84,12 +81,15 @@ bool followRefusal(const Growth& growth, const Host& behaviour, i32 n)
     return reached;
 }
 
+// The n-th call alone, and the n-th with all that follow, for every n that there is.
 void followEveryRefusal(const Growth& growth)
 {
-    for (const bool moves : {true, false}) {
-        for (const Refusal refusal : {Refusal::once, Refusal::onward}) {
+    for (const bool blocksMove : {true, false}) {
+        for (const bool onward : {false, true}) {
             i32 n = 1;
-            while (followRefusal(growth, {moves, refusal}, n)) ++n;
+            const auto begin = [&](TestHost& host) { onward ? host.refuseFrom(n) : host.refuse(n); };
+            const auto what = [&] { return "call " + std::to_string(n) + (onward ? " and all later ones" : " alone"); };
+            while (followRefusal(growth, {what(), begin, blocksMove})) ++n;
             CHECK(n > 5); // there was something to refuse
         }
     }
@@ -149,6 +149,25 @@ TEST_CASE("whichever growth of the edge and span pools is refused, past 4,096 an
 {
     followEveryRefusal(manySides(0));
     followEveryRefusal(manySides(280));
+}
+
+TEST_CASE("whichever of the three sort arrays are refused together, those given back are never sorted with again")
+{
+    // The resolved list, at its face 512, takes the sort arrays along in calls 7 to 9; before that came itself, its first
+    // three, the sorted list and itself again. The sorted list stays short enough for the arrays that there were.
+    const Growth growth = {48, 13, 0, facesOfAllLists(48, 600, 10, 0, false)};
+    for (const bool blocksMove : {true, false}) {
+        for (i32 set = 1; set < 8; ++set) {
+            std::vector<i32> refused;
+            std::string what = "calls";
+            for (i32 array = 0; array < 3; ++array) {
+                if (!(set & 1 << array)) continue;
+                refused.push_back(7 + array);
+                what += " " + std::to_string(7 + array);
+            }
+            CHECK(followRefusal(growth, {what, [&](TestHost& host) { host.refuseCalls(refused); }, blocksMove}));
+        }
+    }
 }
 
 TEST_CASE(
