@@ -21,13 +21,8 @@ const std::vector<u16> emptyRow = {o, o, o, o, o, o, o, o, o, o, o, o, o, o, o, 
 const std::vector<u16> upperRow = {o, o, wall, wall, wall, wall, lit, lit, lit, lit, o, o, o, o, o, o};
 const std::vector<u16> lowerRow = {o, o, wall, wall, overWall, overWall, overLit, overLit, lit, lit, o, o, o, o, o, o};
 
-// How far below a multiple of 16 the stack stands at the calls. AddressSanitizer keeps its books on the stack in units of
-// 8 bytes and does not realign its frames, so that a build with it stays at 16.
-#if defined(__SANITIZE_ADDRESS__)
-constexpr u32 stackOffsets[] = {0};
-#else
+// How far below a multiple of 16 the stack stands at the calls.
 constexpr u32 stackOffsets[] = {0, 4, 8, 12};
-#endif
 
 void addAll(const LoadedLibrary& library, RawScene& scene)
 {
