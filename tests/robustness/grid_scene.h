@@ -8,8 +8,8 @@ namespace kardeno::tests {
 
 enum class GridList { resolved, sorted, late };
 
-// A face one or two columns wide at the left of its cell. It has `rows` sides down and as many up when it is ragged, and
-// else two; the top and the bottom are level.
+// A face one or two columns wide at the left of its cell. It has `rows` sides down and as many up when it is ragged,
+// and else one each; the top and the bottom are level.
 struct GridFace {
     GridList list;
     i32 x, y, width, rows;
@@ -55,8 +55,8 @@ struct GridRun {
 std::vector<GridRun> visibleRuns(const std::vector<GridFace>& faces, const std::vector<i32>& taken, i32 width,
                                  i32 height);
 
-// Faces of all three lists, in turns until each list has what it is to have. Each has a cell of its own but for the sorted
-// ones, which lie two by two: a far one of one column, and then a near one of two.
+// Faces of all three lists, in turns until each list has what it is to have. Each has a cell of its own but for the
+// sorted ones, which lie two by two: a far one of one column, and then a near one of two.
 std::vector<GridFace> facesOfAllLists(i32 columns, i32 resolved, i32 sortedPairs, i32 late, bool lateFirst);
 // Resolved faces of 2 x `rows` edges each.
 std::vector<GridFace> raggedFaces(i32 columns, i32 count, i32 rows);

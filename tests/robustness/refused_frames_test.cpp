@@ -29,7 +29,7 @@ Growth allLists(i32 before, bool lateFirst)
             facesOfAllLists(columns, manyInAList, manyInAList / 2, manyInAList, lateFirst)};
 }
 
-// 600 faces of 14 sides that cross rows: 8,400 edges, and 4,200 runs of them with as many of the background beside them.
+// 600 faces of 14 sides that cross rows: 8,400 edges, and 4,200 runs of them beside as many of the background.
 Growth manySides(i32 before)
 {
     return {60, 70, before, raggedFaces(60, 600, 7)};
@@ -106,8 +106,8 @@ TEST_CASE("a scene past 1,024 faces in each list and past 4,096 edges grows ever
 
     grid.draw(static_cast<i32>(growth.faces.size()));
 
-    // Emission meets a resolved face, two sorted ones and a late one, again and again, until the sorted ones come two by
-    // two to an end. The list that first reaches a multiple of 512 takes the sort arrays along: resolved at 0; the
+    // Emission meets a resolved face, two sorted ones and a late one, again and again, until the sorted ones
+    // come to an end. The list that first reaches a multiple of 512 takes the sort arrays along: resolved at 0; the
     // sorted list, twice as fast, at 512 and 1,024. 2,060 faces of two edges make 4,120.
     std::vector<u32> sizes;
     for (const ServiceCall& call : host.calls) {
@@ -153,8 +153,8 @@ TEST_CASE("whichever growth of the edge and span pools is refused, past 4,096 an
 
 TEST_CASE("whichever of the three sort arrays are refused together, those given back are never sorted with again")
 {
-    // The resolved list, at its face 512, takes the sort arrays along in calls 7 to 9; before that came itself, its first
-    // three, the sorted list and itself again. The sorted list stays short enough for the arrays that there were.
+    // The resolved list, at its face 512, takes the sort arrays along in calls 7 to 9; before that came itself, its
+    // first three, the sorted list and itself again. The sorted list stays short enough for the arrays that there were.
     const Growth growth = {48, 13, 0, facesOfAllLists(48, 600, 10, 0, false)};
     for (const bool blocksMove : {true, false}) {
         for (i32 set = 1; set < 8; ++set) {
