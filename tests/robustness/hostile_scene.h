@@ -1,6 +1,6 @@
-// A scene that nobody would make on purpose: numbers of every kind, outcodes that lie, outlines of any shape and number
-// of corners, views out of range, trees of every form. What a host is bound to stays true: pointers and indices are good,
-// texture maps are as large as they say, and every material has a row whose needs it meets.
+// A scene that nobody would make on purpose: numbers of every kind, outcodes that lie, outlines of any shape and
+// number of corners, views out of range, trees of every form. What a host is bound to stays true: pointers and
+// indices are good, texture maps are as large as they say, and every material has a row whose needs it meets.
 #pragma once
 
 #include "tests/robustness/byte_source.h"
