@@ -173,6 +173,30 @@ TEST_CASE("the sort depth is taken before the sides: a corner that is cut away t
     CHECK(beyondRight.emitted<PositionsOnly, SortedPolygons>()->maxDepth == 50);
 }
 
+TEST_CASE("the sort depth looks at the corners before the sides are cut: as many as there were, none that a cut made")
+{
+    // Three corners of four are cut away, the deepest among them; a triangle is left.
+    OneFace fewer;
+    fewer.corner({5, -5, 5});
+    fewer.corner({5000, -10, 5}, outcodeAll & ~u32{outcodeRight});
+    fewer.corner({5000, -20, 5}, outcodeAll & ~u32{outcodeRight});
+    fewer.corner({50000, -50, 50}, outcodeAll & ~u32{outcodeRight});
+    const ScreenPolygon* record = fewer.emitted<PositionsOnly, SortedPolygons>();
+    REQUIRE(record != nullptr);
+    CHECK(record->vertexCount == 3);
+    CHECK(record->maxDepth == 50);
+
+    // The next face gains a corner, in whose place the record holds a depth of earlier.
+    const i32 vertices[] = {0, 0, 1};
+    fewer.face.vertexCount = 3;
+    fewer.face.vertexIndices = vertices;
+    resetPolygonLists();
+    record = fewer.emitted<PositionsOnly, SortedPolygons>();
+    REQUIRE(record != nullptr);
+    CHECK(record->vertexCount == 4);
+    CHECK(record->maxDepth == 5);
+}
+
 TEST_CASE("rows are the screen y truncated toward zero: -0.5 is row 0")
 {
     OneFace one;

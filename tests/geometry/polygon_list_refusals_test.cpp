@@ -105,7 +105,7 @@ TEST_CASE("first growth, list refused again and again: every face asks once more
     CHECK(one.host.calls.size() == 7);
 }
 
-TEST_CASE("Intended: first growth, a sort array refused: what was just obtained is given back, the list's raise stays")
+TEST_CASE("Intended: when a sort array is refused the list keeps its raised capacity and its old stored pointer")
 {
     for (const bool moves : {true, false}) {
         for (const Numbers& refused : sortRefusals) {
@@ -232,7 +232,7 @@ TEST_CASE(
     }
 }
 
-TEST_CASE("later growth, a sort array refused and the list grown in place: only the face in hand is dropped")
+TEST_CASE("Intended: what was just obtained is given back, although the stored pointers may name those very blocks")
 {
     for (const Numbers& refused : sortRefusals) {
         CAPTURE(refused[0]);
@@ -247,10 +247,17 @@ TEST_CASE("later growth, a sort array refused and the list grown in place: only 
         checkFrees(one.host.calls, refused);
         CHECK(resolvedPolygons.records == before.records);
         CHECK(resolvedPolygons.capacity == 1024);
+        // Grown in place, the blocks that were given back are those that the arrays name.
+        CHECK(one.host.calls[1].result == (contains(refused, 2) ? nullptr : before.order));
+        CHECK(one.host.calls[2].result == (contains(refused, 3) ? nullptr : before.keys));
+        CHECK(one.host.calls[3].result == (contains(refused, 4) ? nullptr : before.scratch));
         CHECK(sortArrays.sortOrder.entries == before.order);
+        CHECK(sortArrays.sortKeys.entries == before.keys);
+        CHECK(sortArrays.sortScratch.entries == before.scratch);
         CHECK(sortArrays.capacity == 512);
         one.host.calls.clear();
 
+        // The list itself goes on: only the face in hand was dropped.
         CHECK(emitMany(one, 512) == 512);
         CHECK(resolvedPolygons.count == 1024);
         CHECK(one.host.calls.empty());

@@ -22,6 +22,16 @@ void leaveTwoCorners(const RenderView*, ScreenPolygon* polygon)
     polygon->vertexCount = 2;
 }
 
+bool isEmpty(const PolygonList& list)
+{
+    return !list.records && list.count == 0 && list.capacity == 0;
+}
+
+// Looked at before any test runs.
+const bool emptyAtLoad = isEmpty(resolvedPolygons) && isEmpty(sortedPolygons) && isEmpty(lateSortedPolygons)
+                         && !sortArrays.sortOrder.entries && !sortArrays.sortKeys.entries
+                         && !sortArrays.sortScratch.entries && sortArrays.capacity == 0;
+
 void checkRealloc(const ServiceCall& call, const void* block, u32 bytes)
 {
     CHECK(call.kind == ServiceCall::realloc);
@@ -30,6 +40,11 @@ void checkRealloc(const ServiceCall& call, const void* block, u32 bytes)
 }
 
 } // namespace
+
+TEST_CASE("at load all lists and sort arrays are null and empty")
+{
+    CHECK(emptyAtLoad);
+}
 
 TEST_CASE("the first face ever asks for 512 records, then for 512 words each for sort order, keys and scratch")
 {

@@ -38,7 +38,7 @@ TEST_CASE("adding a face allocates one block of two bytes for its colour")
     CHECK(face.faceColour == host.calls[0].result);
 }
 
-TEST_CASE("Intended: 63,536: faces get the generator's values in order, as a fresh process gives them")
+TEST_CASE("Intended: 63,536, never seeded: a fresh process gives its faces the generator's first values in order")
 {
     TestHost host;
     SceneFace faces[40];

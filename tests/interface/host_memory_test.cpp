@@ -252,7 +252,8 @@ TEST_CASE("an image that has not 8 bits per texel counts as a true-colour map, w
     }
 }
 
-TEST_CASE("Intended: other depths than 15 and 16 are 5-5-5 for tables and ramps, and 5-6-5 for the fillers that blend")
+TEST_CASE("Intended: two tests of bitsPerPixel: other depths than 15 and 16 are 5-5-5 for tables and ramps, 5-6-5 for "
+          "fillers")
 {
     for (const i32 bitsPerPixel : {24, 32, 0, -16}) {
         CAPTURE(bitsPerPixel);

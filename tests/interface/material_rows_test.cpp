@@ -144,7 +144,7 @@ TEST_CASE("an 8-bit texture with shading mode 1 is FallbackFlat in state 0, not 
     CHECK(material.renderPrivate->shadeRamp != nullptr); // built all the same
 }
 
-TEST_CASE("Intended: in state 3 transparency 50 is FallbackBlend, shading mode 2 alone is FallbackFlat")
+TEST_CASE("in state 3 transparency 50 is FallbackBlend, shading mode 2 alone is FallbackFlat")
 {
     TestHost host;
     TestScene scene(host);
@@ -153,6 +153,22 @@ TEST_CASE("Intended: in state 3 transparency 50 is FallbackBlend, shading mode 2
     const TestMaterial& shade2 = scene.addMaterial(3, nullptr, 2); // 64 is none of 0x1e
     CHECK(shade2.flagBlock.flags == 64);
     CHECK(shade2.renderPrivate->mode == &RenderModeTable[ModeRow::FallbackFlat]);
+}
+
+TEST_CASE("Intended: only the low byte counts, of which flagTextured and flagShade2 are not looked at")
+{
+    TestHost host;
+    TestScene scene(host);
+    TestTexture texture(16, 4, 4);
+    const auto rowOf = [&](TestTexture* map, i32 shadingMode) {
+        return scene.addMaterial(3, map, shadingMode).renderPrivate->mode;
+    };
+    const RenderMode* const flat = &RenderModeTable[ModeRow::FallbackFlat];
+    CHECK(rowOf(&texture, 0) == flat);
+    CHECK(rowOf(&texture, 2) == flat);
+    CHECK(rowOf(nullptr, 10) == flat); // 256 and 512 lie above the low byte
+    CHECK(rowOf(nullptr, 11) == flat);
+    CHECK(rowOf(&texture, 1) == &RenderModeTable[ModeRow::FallbackBlend]);
 }
 
 TEST_CASE("rows are shared: of two materials of FallbackFlat with states 0 and 7 both report 7")

@@ -202,7 +202,8 @@ TEST_CASE("updating a material without a ramp builds none")
     CHECK(host.calls.empty());
 }
 
-TEST_CASE("Intended: the update follows the flag word of now, the ramp keeps the size of when it was built")
+TEST_CASE(
+    "Intended: which of the two ramps is filled follows the flag word of now, the size that of when the ramp was built")
 {
     TestHost host;
     TestScene scene(host);

@@ -95,6 +95,16 @@ TEST_CASE("a plain ramp below its highlight: diffuse times tint grows with the l
     CHECK(ramp.pixel(45) == rgb565Of(107 >> 3, 56 >> 2, 19 >> 3));
 }
 
+TEST_CASE("the ambient colour is added before the sum is divided by 4")
+{
+    Ramp ramp;
+    ramp.material.ambientColour = colour(2, 2, 2);
+    ramp.material.diffuseColour = ramp.material.tintColour = colour(255, 255, 255);
+    ramp.build();
+    // 63 x 255 x 255 x 3 >> 14 = 750; (750 + 2) >> 2 = 188, while 750 >> 2 = 187 and 2 >> 2 = 0.
+    CHECK(ramp.pixel(63) == grey(188));
+}
+
 TEST_CASE("a plain ramp's highlight adds nothing at its first level, then a step a level, and is clamped at 255")
 {
     Ramp ramp;
