@@ -23,6 +23,7 @@ if(NOT KARDENO_SOURCE_CHECKS)
 endif()
 
 add_test(NAME check_includes COMMAND ${tools}/check_includes)
+add_test(NAME check_behaviours COMMAND ${tools}/check_behaviours)
 
 # The two checks that compile do so as part of the test: what they find is a failed test and not a failed build.
 function(add_compiling_check name target)
