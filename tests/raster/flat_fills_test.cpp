@@ -37,7 +37,7 @@ struct FlatPolygon {
 
 } // namespace
 
-TEST_CASE("the face colour fill repeats the low byte of the colour in both bytes of every pixel")
+TEST_CASE("the low byte of the face colour is repeated in both bytes of every pixel: 0x1234 draws 0x3434")
 {
     FlatPolygon flat(16);
     flat.polygon.faceColour = 0x1234;

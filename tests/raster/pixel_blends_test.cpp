@@ -82,25 +82,25 @@ TEST_CASE("a sum without a carry is the sum of the channels without the lowest b
     checkBlends<SaturatingAdd<Rgb565>>({{0x1863, 0x2104, 0x3147}, {0x0000, 0xffff, 0xf7df}});
 }
 
-TEST_CASE("a blue that overflows becomes 31 and leaves its carry in the lowest green bit")
+TEST_CASE("the carry that saturates blue stays behind in the lowest green bit")
 {
     checkBlends<SaturatingAdd<Rgb555>>({{0x001f, 0x0001, 0x003f}, {0x001f, 0x001f, 0x003f}, {0x0010, 0x0010, 0x003f}});
     checkBlends<SaturatingAdd<Rgb565>>({{0x001f, 0x0001, 0x003f}, {0x001f, 0x001f, 0x003f}, {0x0010, 0x0010, 0x003f}});
 }
 
-TEST_CASE("a green that overflows is filled with ones and leaves its carry in the lowest red bit")
+TEST_CASE("the carry that saturates green stays behind in the lowest red bit")
 {
     // 5-5-5: green 16 and 16 make 0x0400, green 30 and 30 make 0x0780. 5-6-5: 32 and 32 make 0x0800.
     checkBlends<SaturatingAdd<Rgb555>>({{0x0200, 0x0200, 0x07e0}, {0x03c0, 0x03c0, 0x07e0}});
     checkBlends<SaturatingAdd<Rgb565>>({{0x0400, 0x0400, 0x0fe0}, {0x07c0, 0x07c0, 0x0fe0}});
 }
 
-TEST_CASE("a red that overflows in 5-6-5 becomes 31, and its carry is dropped with the seventeenth bit")
+TEST_CASE("in 5-6-5 the carry of red is dropped with the seventeenth bit")
 {
     checkBlends<SaturatingAdd<Rgb565>>({{0xf800, 0xf800, 0xf800}, {0x8000, 0x8000, 0xf800}});
 }
 
-TEST_CASE("a red that overflows in 5-5-5 becomes 31 and leaves its carry in bit 15")
+TEST_CASE("in 5-5-5 the carry of red stays in bit 15")
 {
     checkBlends<SaturatingAdd<Rgb555>>({{0x7c00, 0x7c00, 0xfc00}, {0x4000, 0x4000, 0xfc00}});
 }

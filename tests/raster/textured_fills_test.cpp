@@ -77,7 +77,7 @@ TEST_CASE("the same spans in another order draw the same pixels where the values
     }
 }
 
-TEST_CASE("a bitsPerPixel of 24 or 32 is 5-6-5 to the fillers that blend or pack")
+TEST_CASE("the fillers that blend or pack take a bitsPerPixel of 15 as 5-5-5 and anything else as 5-6-5")
 {
     struct Line {
         ModeRow::Index row;
@@ -114,10 +114,10 @@ TEST_CASE("a bitsPerPixel of 24 or 32 is 5-6-5 to the fillers that blend or pack
     }
 }
 
-TEST_CASE("a bitsPerPixel of 24 or 32 is 5-5-5 to the tables of the colour-scaled texture")
+TEST_CASE("the tables of the colour-scaled texture take a bitsPerPixel of 16 as 5-6-5 and anything else as 5-5-5")
 {
     // Full channels leave of 0xcc00 all but bit 15.
-    for (const i32 bitsPerPixel : {24, 32}) {
+    for (const i32 bitsPerPixel : {15, 24, 32}) {
         const RowSettings settings = {
             .bitsPerTexel = 16, .channelsOnTheLeft = {255, 255, 255}, .channelsOnTheRight = {255, 255, 255}};
         RowScene scene(ModeRow::SpareB, settings, bitsPerPixel, any, SetUp::receding);
