@@ -85,10 +85,11 @@ TEST_CASE("materials that change again and again keep the same rows, states and 
             TestMaterial& material = *materials[random.next() % materials.size()];
             const i32 modes[] = {0, 1, 2, 10, 11};
             const i32 transparencies[] = {0, 50, 3};
-            switch (random.integer(0, 3)) {
+            switch (random.integer(0, 4)) {
             case 0: setRenderState(material, model, random.integer(-2, 4)); break;
             case 1: repaint(material, model, random); break;
-            case 2:
+            case 2: changeColours(material, random); break; // the ramp stays as it is, whatever state is set
+            case 3:
                 material.shadingMode = random.oneOf(modes);
                 material.transparency = random.oneOf(transparencies);
                 break;

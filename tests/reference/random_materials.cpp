@@ -68,7 +68,9 @@ MaterialColour randomColour(RandomNumbers& random)
     return colour;
 }
 
-void randomColours(SceneMaterial& material, RandomNumbers& random)
+} // namespace
+
+void changeColours(TestMaterial& material, RandomNumbers& random)
 {
     material.ambientColour = randomColour(random);
     material.diffuseColour = randomColour(random);
@@ -79,8 +81,6 @@ void randomColours(SceneMaterial& material, RandomNumbers& random)
     material.specularLevel = random.integer(0, 120);
     if (random.chance(3)) material.shininess = random.integer(-150, 130);
 }
-
-} // namespace
 
 TestTexture& someTexture(i32 texelBits, RandomNumbers& random)
 {
@@ -129,7 +129,7 @@ TestMaterial& addMaterial(TestScene& scene, reference::Renderer& model, Row row,
     if (recipe.texelBits != 0) material.textureMap = &someTexture(recipe.texelBits, random).map;
     material.shadingMode = recipe.shadingMode;
     material.transparency = recipe.transparency;
-    randomColours(material, random);
+    changeColours(material, random);
 
     Kardeno_Add_Material_Dll(&material);
     model.materials.add(&material);
@@ -143,7 +143,7 @@ TestMaterial& addMaterial(TestScene& scene, reference::Renderer& model, Row row,
 
 void repaint(TestMaterial& material, reference::Renderer& model, RandomNumbers& random)
 {
-    randomColours(material, random);
+    changeColours(material, random);
     Kardeno_Update_Material_Dll(&material);
     model.materials.update(&material);
 }

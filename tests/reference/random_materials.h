@@ -20,7 +20,8 @@ TestTexture& someTexture(i32 texelBits, RandomNumbers& random);
 // A material with random colours that the row draws.
 TestMaterial& addMaterial(TestScene& scene, reference::Renderer& model, reference::Row row, RandomNumbers& random);
 
-// New colours, told to both renderers.
+// New colours that nobody is told of; and new colours that both renderers are told of.
+void changeColours(TestMaterial& material, RandomNumbers& random);
 void repaint(TestMaterial& material, reference::Renderer& model, RandomNumbers& random);
 
 // Told to both renderers.

@@ -8,6 +8,32 @@ namespace {
 
 using reference::Row;
 
+// Levels of detail answer through functions of their own, so that it shows whose function was called.
+ObjectFunctions plainFunctions;
+
+void noteLevel(SceneObject* level)
+{
+    static_cast<TestObject*>(level)->scene->log.push_back("through the level's own function:");
+}
+
+void testBoundsOfLevel(SceneObject* drawn, SceneObject* object, RenderView* view)
+{
+    noteLevel(drawn);
+    plainFunctions.testBounds(drawn, object, view);
+}
+
+void lightLevel(SceneObject* drawn, SceneObject* object, RenderView* view)
+{
+    noteLevel(drawn);
+    plainFunctions.light(drawn, object, view);
+}
+
+void prepareLevel(SceneObject* drawn, SceneObject* object, RenderView* view)
+{
+    noteLevel(drawn);
+    plainFunctions.prepareVertices(drawn, object, view);
+}
+
 constexpr i32 sharedPlaces = 64; // the first vertices, where objects take turns
 
 i32 someFormat(RandomNumbers& random)
@@ -155,9 +181,14 @@ void RandomScene::addTree(TestObject* parent, i32 depth)
     object.partOfGroup = kind == 2 || (kind > 2 && kind < 7);
     const i32 children = depth < 3 ? random.integer(0, depth == 0 ? 4 : 2) : 0;
     for (i32 i = 0; i < children; ++i) addTree(&object, depth + 1);
+    if (random.chance(10)) object.level = objects[random.next() % objects.size()]; // with siblings of its own
     if (!random.chance(30)) return;
 
     TestObject& level = scene.addObject("level of " + object.name, nullptr); // hangs nowhere in the tree
+    plainFunctions = level.functions;
+    level.functions.testBounds = testBoundsOfLevel;
+    level.functions.light = lightLevel;
+    level.functions.prepareVertices = prepareLevel;
     giveShape(level, true);
     object.level = &level;
     TestObject* parentOfCopies = &level;
