@@ -116,6 +116,16 @@ TEST_CASE("a span of 20 pixels is two blocks and a remainder of 4")
     CHECK(walk.count == 4);
 }
 
+TEST_CASE("a span of any length is the beginning of a longer one")
+{
+    for (i32 count = 0; count <= 20; ++count) {
+        const Walked walk = walked<Truncating>(receding(), count);
+        CHECK(listed(walk.u) == listed(first(count, recedingU)));
+        CHECK(listed(walk.v) == listed(first(count, recedingV)));
+        CHECK(walk.count == count % 8);
+    }
+}
+
 TEST_CASE("a span of no pixels draws nothing and leaves its count")
 {
     const Walked walk = walked<Truncating>(receding(), 0);
