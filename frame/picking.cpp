@@ -54,16 +54,7 @@ bool outlineOf(const RenderView& view, const SceneFace& face, ScreenPolygon& out
 {
     if (!foldOutcodes(outline, face)) return false;
 
-    outline.vertexCount = face.vertexCount;
-    for (i32 i = 0; i < face.vertexCount; ++i) {
-        const i32 vertexIndex = face.vertexIndices[i];
-        const CameraVertex& vertex = hostContext->cameraVertices[vertexIndex];
-        outline.viewX[i] = vertex.x;
-        outline.viewY[i] = vertex.y;
-        outline.viewZ[i] = vertex.z;
-        outline.outcode[i] = hostContext->vertexOutcodes[vertexIndex];
-    }
-
+    copyCameraOutline(outline, face);
     const ViewProjection& projection = *view.projection;
     if ((outline.outcodeAnd & outcodeDepthPlanes) == outcodeDepthPlanes) {
         for (i32 i = 0; i < outline.vertexCount; ++i) {
@@ -75,7 +66,7 @@ bool outlineOf(const RenderView& view, const SceneFace& face, ScreenPolygon& out
 
     if (!clipToDepth(view, clippers<PositionsOnly>, outline)) return false;
     for (i32 i = 0; i < outline.vertexCount; ++i) {
-        setCorner(outline, i, projectedForPick(projection, {outline.viewX[i], outline.viewY[i], outline.viewZ[i]}));
+        setCorner(outline, i, projectedForPick(projection, cameraCorner(outline, i)));
     }
     return true;
 }

@@ -26,6 +26,19 @@ bool foldOutcodes(ScreenPolygon& polygon, const SceneFace& face)
     return polygon.outcodeOr == outcodeAll && face.vertexCount >= minCorners && face.vertexCount <= maxCorners;
 }
 
+void copyCameraOutline(ScreenPolygon& polygon, const SceneFace& face)
+{
+    polygon.vertexCount = face.vertexCount;
+    for (i32 i = 0; i < face.vertexCount; ++i) {
+        const i32 vertexIndex = face.vertexIndices[i];
+        const CameraVertex& vertex = hostContext->cameraVertices[vertexIndex];
+        polygon.viewX[i] = vertex.x;
+        polygon.viewY[i] = vertex.y;
+        polygon.viewZ[i] = vertex.z;
+        polygon.outcode[i] = hostContext->vertexOutcodes[vertexIndex];
+    }
+}
+
 bool clipToDepth(const RenderView& view, const ClipperFamily& clippers, ScreenPolygon& polygon)
 {
     return survives(clippers.near, outcodeNear, view, polygon) && survives(clippers.far, outcodeFar, view, polygon);

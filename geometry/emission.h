@@ -25,11 +25,19 @@ struct LateSortedPolygons {
 inline constexpr u32 outcodeDepthPlanes = outcodeNear | outcodeFar;
 inline constexpr i32 minCorners = 3;
 
-// The steps of a routine that do not depend on its format. Each bool is "the face survives".
+// The steps of a routine that do not depend on its format. Each bool says whether the face survives.
 
 // Folds the outcodes of the face's corners into outcodeAnd and outcodeOr. False when some plane has no corner inside it,
 // and when the face has fewer than 3 or more than 16 corners.
 bool foldOutcodes(ScreenPolygon& polygon, const SceneFace& face);
+
+// Takes the face's corners, with their outcodes, from camera space.
+void copyCameraOutline(ScreenPolygon& polygon, const SceneFace& face);
+
+inline CameraVertex cameraCorner(const ScreenPolygon& polygon, i32 i)
+{
+    return {polygon.viewX[i], polygon.viewY[i], polygon.viewZ[i]};
+}
 
 // Clips against the near and far planes, where the face's outcodes ask for it.
 bool clipToDepth(const RenderView& view, const ClipperFamily& clippers, ScreenPolygon& polygon);
@@ -63,15 +71,8 @@ CornerSource cornerSource(const SceneFace& face, i32 i)
 template <class Format>
 bool throughCamera(const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
 {
-    polygon.vertexCount = face.vertexCount;
+    copyCameraOutline(polygon, face);
     for (i32 i = 0; i < face.vertexCount; ++i) {
-        const i32 vertexIndex = face.vertexIndices[i];
-        const CameraVertex& vertex = hostContext->cameraVertices[vertexIndex];
-        polygon.viewX[i] = vertex.x;
-        polygon.viewY[i] = vertex.y;
-        polygon.viewZ[i] = vertex.z;
-        polygon.outcode[i] = hostContext->vertexOutcodes[vertexIndex];
-
         const CornerSource source = cornerSource<Format>(face, i);
         Format::Attributes::forEach(
             [&]<class Attribute>() { (polygon.*Attribute::values)[i] = stored(Attribute::beforeProjection(source)); });
@@ -80,7 +81,7 @@ bool throughCamera(const RenderView& view, const SceneFace& face, ScreenPolygon&
     if (!clipToDepth(view, modeOf(*face.material).clip, polygon)) return false;
 
     for (i32 i = 0; i < polygon.vertexCount; ++i) {
-        const ScreenVertex vertex = projected(*view.projection, {polygon.viewX[i], polygon.viewY[i], polygon.viewZ[i]});
+        const ScreenVertex vertex = projected(*view.projection, cameraCorner(polygon, i));
         polygon.screenX[i] = vertex.x;
         polygon.screenY[i] = vertex.y;
         polygon.invDepth[i] = vertex.invDepth;

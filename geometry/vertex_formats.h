@@ -25,31 +25,22 @@ inline constexpr f64 texelBias = 0.3;
 inline constexpr f64 texelScale = 256.0;
 inline constexpr f64 shadeScale = 64.0;
 
-struct TexU {
+template <f32 TexCoord::*coordinate, f32 TextureImage::*texels, f32 (ScreenPolygon::*array)[maxCorners]>
+struct TextureAxis {
     static constexpr bool dividedByDepth = true;
-    static constexpr auto values = &ScreenPolygon::texU;
+    static constexpr auto values = array;
     static f64 beforeProjection(const CornerSource& corner)
     {
-        return (static_cast<f64>(corner.texCoord->u) * corner.image->width + texelBias) * texelScale;
+        return (static_cast<f64>(corner.texCoord->*coordinate) * corner.image->*texels + texelBias) * texelScale;
     }
     static f64 afterProjection(const CornerSource& corner, f32 invDepth)
     {
-        return (static_cast<f64>(corner.texCoord->u) * corner.image->width + texelBias) * invDepth * texelScale;
+        return (static_cast<f64>(corner.texCoord->*coordinate) * corner.image->*texels + texelBias) * invDepth
+               * texelScale;
     }
 };
-
-struct TexV {
-    static constexpr bool dividedByDepth = true;
-    static constexpr auto values = &ScreenPolygon::texV;
-    static f64 beforeProjection(const CornerSource& corner)
-    {
-        return (static_cast<f64>(corner.texCoord->v) * corner.image->height + texelBias) * texelScale;
-    }
-    static f64 afterProjection(const CornerSource& corner, f32 invDepth)
-    {
-        return (static_cast<f64>(corner.texCoord->v) * corner.image->height + texelBias) * invDepth * texelScale;
-    }
-};
+struct TexU : TextureAxis<&TexCoord::u, &TextureImage::width, &ScreenPolygon::texU> {};
+struct TexV : TextureAxis<&TexCoord::v, &TextureImage::height, &ScreenPolygon::texV> {};
 
 // Untextured lit rows: the shade is interpolated with perspective.
 struct ShadeOverDepth {
