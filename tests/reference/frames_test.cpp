@@ -20,7 +20,7 @@ void compare(u32 firstSeed, i32 count, Theme theme)
     const Compared compared = compareScenes(firstSeed, count / reduction, {theme, {}});
     CHECK(compared.polygonsSeen >= 2 * compared.scenes);
     CHECK(compared.hits >= compared.picks / 10);
-    CHECK(compared.openFrames <= compared.frames / 50 + 1);
+    CHECK(compared.openFrames <= compared.frames / 20 + 1);
 }
 
 } // namespace
