@@ -119,7 +119,8 @@ bool buildShadeRamp(SceneMaterial& material)
 void fillShadeRamp(const SceneMaterial& material)
 {
     const PixelFormat format = tableFormat(*hostContext);
-    if (material.materialFlags->flags & flagTextured)
+    // A texture map that was taken away since the flag word was formed has no palette to fill from.
+    if ((material.materialFlags->flags & flagTextured) && material.textureMap)
         fillTexturedRamp(material, format);
     else
         fillPlainRamp(material, format);

@@ -230,6 +230,24 @@ TEST_CASE(
     CHECK(ramp[16383] == 0x12340000);
 }
 
+TEST_CASE("updating a material whose texture map was taken away fills the first 64 entries as for an untextured one")
+{
+    TestHost host;
+    TestScene scene(host);
+    TestTexture palettised(8, 8, 8);
+    TestMaterial& material = scene.addMaterial(1, &palettised);
+    material.ambientColour = {252, 252, 252, 0, 0};
+    material.textureMap = nullptr;
+
+    Kardeno_Update_Material_Dll(&material);
+
+    // 252 / 4 = 63 in each channel: red 7, green 15, blue 7. The black palette's levels behind them stay.
+    const RampEntry* const ramp = material.renderPrivate->shadeRamp;
+    CHECK(ramp[0] == (7u << 11 | 15 << 5 | 7) << 16);
+    CHECK(ramp[63] == (7u << 11 | 15 << 5 | 7) << 16);
+    CHECK(ramp[64] == 0);
+}
+
 TEST_CASE("releasing a material frees its ramp, then its record, and clears neither pointer")
 {
     TestHost host;
