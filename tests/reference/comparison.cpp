@@ -232,6 +232,7 @@ Compared compareScenes(u32 firstSeed, i32 count, const SceneChoice& choice)
                 ++compared.picks;
                 compared.hits += scene.lastPickHit;
             }
+            compared.mostGrowths = std::max(compared.mostGrowths, static_cast<i32>(scene.host.reallocs().size()));
             if (!difference.empty()) {
                 report(seed, frame, difference);
                 return compared;

@@ -21,6 +21,7 @@ struct Compared {
     i32 scenes = 0, frames = 0, picks = 0, hits = 0;
     i32 openFrames = 0; // whose pixels were not compared
     i32 polygonsSeen = 0, spans = 0;
+    i32 mostGrowths = 0; // of lists and pools in one scene
 };
 
 // Builds the scenes of `count` seeds and compares frames and picks of each; the first difference fails the test case

@@ -61,7 +61,7 @@ RandomScene::RandomScene(u32 seed, const SceneChoice& sceneChoice, reference::Re
     chooseMaterials();
 
     i32 faces = random.chance(70) ? random.integer(1, 20) : random.integer(20, 60);
-    if (choice.theme == Theme::crowds) faces = random.integer(700, 1200);
+    if (choice.theme == Theme::crowds) faces = random.integer(3000, 5000);
     while (faceCount < faces) {
         if (choice.theme == Theme::trees || random.chance(5)) {
             addTree(nullptr, 0);
@@ -93,7 +93,8 @@ void RandomScene::chooseSize()
     };
     const Size small[] = {{64, 48}, {64, 48}, {64, 64}, {96, 64}, {128, 64}, {128, 96}, {160, 100}, {320, 200}};
     const Size extreme[] = {{8, 4096}, {24, 2100}, {3000, 12}};
-    const Size size = choice.theme == Theme::tallAndWide ? random.oneOf(extreme) : random.oneOf(small);
+    Size size = choice.theme == Theme::tallAndWide ? random.oneOf(extreme) : random.oneOf(small);
+    if (choice.theme == Theme::crowds) size = {320, 200};
     frameWidth = size.width;
     frameHeight = size.height;
 }
