@@ -198,7 +198,8 @@ TEST_CASE("depth is divided in f64")
     span.start.invDepth = 3;
     span.start.texU = 50331644;
     span.step8.texU = 0;
-    CHECK(walked<Truncating>(span, 1).u.front() == 16777214);
+    CHECK(walked<Truncating>(span, 9).u.front() == 16777214);
+    CHECK(walked<Truncating>(span, 9).u.back() == 16777214);
 }
 
 TEST_CASE("what does not fit in 32 bits truncates to the smallest integer, and rounds to the low 32 bits of the sum")
