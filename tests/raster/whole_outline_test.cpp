@@ -104,6 +104,10 @@ TEST_CASE("a whole outline is drawn where it has no spans, and its spans are not
 {
     PlainScene scene;
     scene.setOutline({{2, 1}, {2, 4}, {9, 4}, {9, 1}});
+    for (const i32 y : {0, 4}) { // what an earlier polygon may have left there
+        OutlineTable[y] = {};
+        OutlineTable[y].right.x = 12;
+    }
     const std::string whole = joined({
         "............", //
         "..#######...", //
