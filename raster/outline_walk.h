@@ -89,11 +89,11 @@ template <class Values>
 void walkSide(const ScreenPolygon& polygon, i32 a, i32 b, OutlineSide OutlineRow::*chain)
 {
     i32 y = polygon.scanY[a];
-    const i32 rows = wrappingDifference(polygon.scanY[b], y);
-    if (rows <= 0) return; // horizontal, or running up: covers no row of this chain
+    if (y >= polygon.scanY[b]) return; // horizontal, or running up: covers no row of this chain
     const i32 yEnd = polygon.scanY[b] < outlineRows ? polygon.scanY[b] : outlineRows;
 
-    const f64 inverse = 1.0 / rows;
+    // From one end of the integers to the other the difference wraps; the rows are walked all the same.
+    const f64 inverse = 1.0 / wrappingDifference(polygon.scanY[b], y);
     const auto stepFrom = [inverse](f32 from, f32 to) { return stored((static_cast<f64>(to) - from) * inverse); };
 
     f32 x = polygon.screenX[a];

@@ -119,20 +119,6 @@ std::string differenceOf(const TestFrame& library, const TestFrame& model, Rando
     return differing == 0 ? "" : first + "; " + std::to_string(differing) + " pixels differ";
 }
 
-// Whether an outline begins where the reference renderer does not follow it.
-bool isLeftOpen(reference::Renderer& model)
-{
-    for (const reference::List list :
-         {reference::List::resolved, reference::List::sorted, reference::List::lateSorted}) {
-        for (const reference::Polygon& polygon : model.lists[list]) {
-            for (const reference::Corner& corner : polygon.corners) {
-                if (corner.scanY < reference::highestRowFollowed) return true;
-            }
-        }
-    }
-    return false;
-}
-
 i32 numberFromEnvironment(const char* name, i32 otherwise)
 {
     const char* const text = std::getenv(name);
@@ -179,8 +165,7 @@ std::string compareFrames(RandomScene& scene)
     scene.model.render(&scene.scene.view.record, model.pixels(), flags);
 
     std::string difference = differenceOf(libraryRecords, recordsOf(scene));
-    scene.lastFrameOpen = isLeftOpen(scene.model);
-    return difference.empty() && !scene.lastFrameOpen ? differenceOf(library, model, scene) : difference;
+    return difference.empty() ? differenceOf(library, model, scene) : difference;
 }
 
 std::string comparePicks(RandomScene& scene, f32 x, f32 y)
@@ -219,7 +204,6 @@ Compared compareScenes(u32 firstSeed, i32 count, const SceneChoice& choice)
             if (frame > 0) scene.nextFrame();
             std::string difference = compareFrames(scene);
             ++compared.frames;
-            compared.openFrames += scene.lastFrameOpen;
             for (const reference::List list : {reference::List::resolved, reference::List::sorted}) {
                 for (const reference::Polygon& polygon : scene.model.lists[list]) {
                     compared.polygonsSeen += !polygon.spans.empty();

@@ -19,7 +19,6 @@ std::string comparePicks(RandomScene& scene, f32 x, f32 y);
 // What was compared, for the program's output.
 struct Compared {
     i32 scenes = 0, frames = 0, picks = 0, hits = 0;
-    i32 openFrames = 0; // whose pixels were not compared
     i32 polygonsSeen = 0, spans = 0;
     i32 mostGrowths = 0; // of lists and pools in one scene
 };

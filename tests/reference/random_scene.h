@@ -51,7 +51,6 @@ public:
     std::deque<TestObject*> objects;
     i32 faceCount = 0;
     bool lastPickHit = false;
-    bool lastFrameOpen = false; // a corner was so far off that the pixels are left open
 
 private:
     const SceneChoice choice;

@@ -19,14 +19,21 @@ f32 stepped(f32 from, f32 to, i32 rows)
 void followSide(const Corner& a, const Corner& b, i32 firstRow, i32 endRow, std::map<i32, Boundary>& boundaries)
 {
     const i32 rows = wrappedDifference(b.scanY, a.scanY);
-    if (rows == 0 || a.scanY < highestRowFollowed) return;
+    if (rows == 0) return;
     f32 x = a.screenX;
     const f32 xStep = stepped(a.screenX, b.screenX, rows);
     Values values = valuesOf(a);
     Values steps;
     for (size_t v = 0; v < valueCount; ++v) steps[v] = stepped(values[v], valuesOf(b)[v], rows);
 
-    for (i32 row = a.scanY; row < b.scanY && row < endRow; ++row) {
+    i32 row = a.scanY;
+    if (row < highestRowFollowed && row < b.scanY) {
+        const f64 rowsAbove = static_cast<f64>(highestRowFollowed) - row;
+        x = single(x + xStep * rowsAbove);
+        for (size_t v = 0; v < valueCount; ++v) values[v] = single(values[v] + steps[v] * rowsAbove);
+        row = highestRowFollowed;
+    }
+    for (; row < b.scanY && row < endRow; ++row) {
         if (row >= firstRow) boundaries[row] = {truncated(x), values};
         x = single(static_cast<f64>(x) + xStep);
         for (size_t v = 0; v < valueCount; ++v) values[v] = single(static_cast<f64>(values[v]) + steps[v]);

@@ -27,8 +27,8 @@ struct Boundary {
     Values values = {};
 };
 
-// A side that begins above this row is not followed down to the view. Only corners that a host's outcodes misplace, at
-// infinity mostly, are so far off; what such a polygon shows is left open.
+// A side that begins above this row is brought down to it in one step. Only corners that a host's outcodes misplace, at
+// infinity mostly, are so far off.
 constexpr i32 highestRowFollowed = -4096;
 
 // Where a polygon begins and ends on each of its rows. "Left" is the chain of rising corner numbers.
