@@ -36,6 +36,13 @@ const char* wordFor(PixelFormat format)
     return format == PixelFormat::rgb565 ? "5-6-5" : "5-5-5";
 }
 
+// Lit materials have 256-colour maps whatever was asked for.
+std::string wordsFor(const MaterialMode& mode)
+{
+    if (mode.renderState != 0) return "lit 256-colour maps";
+    return mode.textures == TextureKind::palettised ? "unlit 256-colour maps" : "unlit 16-bit maps";
+}
+
 } // namespace
 
 std::string pictureName(const std::string& sceneName, const Options& options)
@@ -64,10 +71,9 @@ void writeScene(Scene& scene, const Options& options)
     }
     if (turning) animation->finish();
 
-    std::printf("%s: %s, %dx%d in %s, %s, %d frame%s, %.2f ms per frame (median)\n", file.c_str(),
-                scene.contents.c_str(), options.width, options.height, wordFor(options.format),
-                options.mode.renderState == 0 ? "unlit" : "lit", options.frames, turning ? "s" : "",
-                median(milliseconds));
+    std::printf("%s: %s, %s, %dx%d in %s, %s, %d frame%s, %.2f ms per frame (median)\n", file.c_str(),
+                scene.name.c_str(), scene.contents.c_str(), options.width, options.height, wordFor(options.format),
+                wordsFor(options.mode).c_str(), options.frames, turning ? "s" : "", median(milliseconds));
 }
 
 void writePick(Scene& scene, const Options& options)

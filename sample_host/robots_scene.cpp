@@ -56,9 +56,9 @@ std::unique_ptr<Scene> buildRobotsScene(Engine& engine, const SceneRequest& requ
         addRobot(*scene, levels, name, place, 0.11 * i);
     }
 
-    scene->contents = std::to_string(robots) + " robots of";
-    for (const int polygons : levels.polygons) scene->contents += " " + std::to_string(polygons);
-    scene->contents += " polygons, by their distance";
+    scene->contents = std::to_string(robots) + " robots of " + std::to_string(levels.polygons[0]) + ", "
+                      + std::to_string(levels.polygons[1]) + " or " + std::to_string(levels.polygons[2])
+                      + " polygons by their distance";
 
     scene->camera.target = {0, 0.9, 0};
     scene->camera.distance = 7;
