@@ -1,7 +1,8 @@
 # One test program per folder of tests/, linked with the library's objects.
 #
 #   tests/<room>/*_test.cpp          the tests; the other .cpp files of that folder are helpers of this one program
-#   tests/support, tests/scenes      helpers and scenes that all programs share (only *_test.cpp are tests there)
+#   tests/support/*.h                the tests' host, scenes and frames: headers alone, for all programs
+#   tests/scenes                     scenes that all programs share (only *_test.cpp are tests there)
 if(NOT EXISTS ${CMAKE_BINARY_DIR}/headers/doctest/doctest.h)
     message(FATAL_ERROR "The tests need doctest: run tools/setup check, or configure with -DKARDENO_TESTS=OFF")
 endif()
@@ -32,23 +33,19 @@ function(kardeno_add_test_program program)
     set_tests_properties(${program} PROPERTIES FIXTURES_REQUIRED emulator)
 endfunction()
 
-file(GLOB shared_sources CONFIGURE_DEPENDS ${test_folder}/support/*.cpp ${test_folder}/scenes/*.cpp)
-list(FILTER shared_sources EXCLUDE REGEX "_test\\.cpp$")
-if(shared_sources)
-    add_library(test_support OBJECT ${shared_sources})
-    target_link_libraries(test_support PRIVATE test_options)
-else()
-    add_library(test_support INTERFACE)
-endif()
+file(GLOB scene_sources CONFIGURE_DEPENDS ${test_folder}/scenes/*.cpp)
+list(FILTER scene_sources EXCLUDE REGEX "_test\\.cpp$")
+add_library(test_scenes OBJECT ${scene_sources})
+target_link_libraries(test_scenes PRIVATE test_options)
 
 foreach(room ${kardeno_rooms} scenes robustness reference library)
     file(GLOB sources CONFIGURE_DEPENDS ${test_folder}/${room}/*.cpp)
-    if(room MATCHES "^(support|scenes)$")
+    if(room STREQUAL "scenes")
         list(FILTER sources INCLUDE REGEX "_test\\.cpp$")
     endif()
     if(sources)
         kardeno_add_test_program(tests_${room} ${sources})
-        target_link_libraries(tests_${room} PRIVATE test_support kardeno_objects)
+        target_link_libraries(tests_${room} PRIVATE test_scenes kardeno_objects)
     endif()
 endforeach()
 
