@@ -42,6 +42,11 @@ TEST_CASE("the low byte of the face colour is repeated in both bytes of every pi
     FlatPolygon flat(16);
     flat.polygon.faceColour = 0x1234;
     CHECK(flat.drawn(fillFaceColourLowByte, 0x7777) == "7777 7777 3434 3434 3434 3434 3434 7777");
+}
+
+TEST_CASE("a face colour of 0xf800 draws 0x0000, one of 0x00ff draws 0xffff")
+{
+    FlatPolygon flat(16);
     flat.polygon.faceColour = 0xf800;
     CHECK(flat.drawn(fillFaceColourLowByte, 0x7777) == "7777 7777 0000 0000 0000 0000 0000 7777");
     flat.polygon.faceColour = 0x00ff;

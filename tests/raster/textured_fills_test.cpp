@@ -133,22 +133,34 @@ TEST_CASE("the pixel format is read anew at every filler call")
     CHECK(scene.drawn({{0, 1, 0}}, 0, 0, 1) == "4022");
 }
 
-TEST_CASE("a 256 x 256 map reads column 0 of the same row at column 256, one without that mark column 0 of the next")
+// A 256 x 256 map of texels 0xYYXX, looked at in row 16 from column 254 on.
+struct AcrossTheRightSide : RowScene {
+    AcrossTheRightSide() : RowScene(ModeRow::UnlitTextured, {.bitsPerTexel = 16}, 16, square, SetUp::flat)
+    {
+        for (i32 y = 0; y < 256; ++y) {
+            for (i32 x = 0; x < 256; ++x) texture.setTexel(x, y, static_cast<u32>(y * 256 + x));
+        }
+        for (i32 i = 0; i < 4; ++i) {
+            polygon.texU[i] = (254.0f + (i < 2 ? 0.0f : 32.0f)) * 256;
+            polygon.texV[i] = 16 * 256;
+        }
+    }
+};
+
+TEST_CASE("a map marked as 256 x 256 reads column 0 of the same row at column 256")
 {
-    // The mark of the same map set and cleared; texels are 0xYYXX of the whole map. Column 254 of row 16 and on.
-    RowScene scene(ModeRow::UnlitTextured, {.bitsPerTexel = 16}, 16, square, SetUp::flat);
-    for (i32 y = 0; y < 256; ++y) {
-        for (i32 x = 0; x < 256; ++x) scene.texture.setTexel(x, y, static_cast<u32>(y * 256 + x));
+    AcrossTheRightSide scene;
+    for (const u32 mark : {1u, 0x80000000u}) { // any value but 0
+        scene.texture.image().is256x256 = mark;
+        CHECK(scene.drawn({{0, 4, 0}}, 0, 0, 4) == "10fe 10ff 1000 1001");
     }
-    for (i32 i = 0; i < 4; ++i) {
-        scene.polygon.texU[i] = (254.0f + (i < 2 ? 0.0f : 32.0f)) * 256;
-        scene.polygon.texV[i] = 16 * 256;
-    }
-    CHECK(scene.drawn({{0, 4, 0}}, 0, 0, 4) == "10fe 10ff 1000 1001");
+}
+
+TEST_CASE("a 256 x 256 map without the mark reads column 0 of the next row at column 256")
+{
+    AcrossTheRightSide scene;
     scene.texture.image().is256x256 = 0;
     CHECK(scene.drawn({{0, 4, 0}}, 0, 0, 4) == "10fe 10ff 1100 1101");
-    scene.texture.image().is256x256 = 0x80000000; // any value but 0
-    CHECK(scene.drawn({{0, 4, 0}}, 0, 0, 4) == "10fe 10ff 1000 1001");
 }
 
 TEST_CASE("a palettised map of an unlit polygon shows level 63, whatever the polygon's intensity")
