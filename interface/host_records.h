@@ -186,7 +186,7 @@ struct SceneFace {
     u8 gap24[16];
     f32 normalX, normalY, normalZ; /* plane normal in camera space */
     u8 gap52[8];
-    u16* faceColour; /* written and owned by the renderer: the face's flat colour */
+    u16* faceColour; /* the face's flat colour, in a block of the renderer; random at first, a host may store another */
     const FaceTest* faceTest;
 };
 
