@@ -2,12 +2,11 @@
 
 #include "frame/object_walk.h"
 #include "geometry/polygon_lists.h"
+#include "raster/flat_fills.h"
 #include "raster/span_walk.h"
 #include "spanbuffer/depth_sort.h"
 #include "spanbuffer/scanline_resolver.h"
 #include "spanbuffer/span_pool.h"
-
-#include <string.h>
 
 namespace kardeno {
 
@@ -83,13 +82,6 @@ void resolve(const RenderView* view, u16* frameBuffer)
                            });
 }
 
-void clearBackground(const FillerCall& call)
-{
-    forEachSpan(BackgroundPolygon, [&](const Span& span) {
-        memset(pixelAt(call.frameBuffer, call.pitch, span.x, span.y), 0, static_cast<u32>(span.length) * sizeof(u16));
-    });
-}
-
 void fill(const ScreenPolygon& polygon, const FillerCall& call)
 {
     modeOf(*polygon.material).fill(&polygon, call.frameBuffer, call.argument, call.pitch);
@@ -137,7 +129,8 @@ void renderFrame(RenderView* view, u16* frameBuffer, u32 fillerArgument, u8 flag
         .bottom = truncated(view->projection->bottom),
     };
     const FillerCall call = {frameBuffer, fillerArgument, static_cast<u32>(view->pitch)};
-    if (flags & clearUncovered) clearBackground(call);
+    // The background's flat colour is 0, of which both bytes are the low one.
+    if (flags & clearUncovered) fillFaceColourLowByte(&BackgroundPolygon, frameBuffer, fillerArgument, call.pitch);
     drawInListOrder(resolvedPolygons, call);
     drawFarToNear(sortedPolygons, call);
     drawFarToNear(lateSortedPolygons, call);

@@ -47,6 +47,8 @@ void drawGouraudSpan(SpanGradients* span, u16* pixels)
     }
 }
 
+inline constexpr SpanRoutine gouraud[pixelFormatCount] = {drawGouraudSpan<Rgb555>, drawGouraudSpan<Rgb565>};
+
 // A 16-bit texel whose channels are scaled by the interpolated ones. Three bytes of the texel hold its three fields in
 // either pixel format; the tables, built for the frame buffer's format, pick the field's bits out of the byte.
 struct ScaledTexel {

@@ -6,7 +6,6 @@ namespace {
 
 void fillWith(SpanRoutine routine, const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch)
 {
-    if (polygon.spanHead == -1) return;
     SpanGradients span;
     span.ramp = polygon.material->renderPrivate->shadeRamp;
     fillSpans<ShadedValues>(polygon, frameBuffer, pitch, routine, span);
@@ -21,9 +20,7 @@ void fillShaded(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
 
 void fillShadedHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
 {
-    const bool is555 = fillerFormat(*hostContext) == rgb555;
-    fillWith(is555 ? drawShadedSpan<HalfBlend<Rgb555>> : drawShadedSpan<HalfBlend<Rgb565>>, *polygon, frameBuffer,
-             pitch);
+    fillWith(shadedHalfBlend[fillerFormat(*hostContext)], *polygon, frameBuffer, pitch);
 }
 
 } // namespace kardeno

@@ -29,6 +29,9 @@ void drawShadedSpan(SpanGradients* span, u16* pixels)
     });
 }
 
+inline constexpr SpanRoutine shadedHalfBlend[pixelFormatCount] = {drawShadedSpan<HalfBlend<Rgb555>>,
+                                                                  drawShadedSpan<HalfBlend<Rgb565>>};
+
 void fillShaded(const ScreenPolygon* polygon, u16* frameBuffer, u32 argument, u32 pitch);
 void fillShadedHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32 argument, u32 pitch);
 

@@ -126,7 +126,6 @@ SpanGradients texturedSpan(const SceneMaterial& material)
 template <class Values, const SpanRoutines& routines, class Key = NoKey>
 void fillTextured(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
 {
-    if (polygon->spanHead == -1) return;
     SpanGradients span = texturedSpan<Key>(*polygon->material);
     const SpanRoutine routine = routines.choose(*span.texture, fillerFormat(*hostContext));
     fillSpans<Values>(*polygon, frameBuffer, pitch, routine, span);
