@@ -1,6 +1,6 @@
 // Groups: an object that is culled and drawn at once with all its parts.
 #include "geometry/polygon_lists.h"
-#include "tests/support/test_scene.h"
+#include "tests/frame/logged_scene.h"
 
 #include <doctest/doctest.h>
 
@@ -9,8 +9,6 @@
 using namespace kardeno;
 using namespace kardeno::tests;
 
-using Log = std::vector<std::string>;
-
 namespace {
 
 //   group ── part ── sub          beside them, as selectLevel of the group answers:   G ── P ── S
@@ -18,10 +16,7 @@ namespace {
 //        └── last                                                                       └── L
 //
 // part, sub and last are parts; other and what is below it are not.
-class Group {
-public:
-    TestHost host;
-    TestScene scene{host, {.right = 16, .bottom = 8}};
+struct Group : LoggedScene {
     TestObject& group = scene.addRoot("group");
     TestObject& part = scene.addObject("part", &group);
     TestObject& sub = scene.addObject("sub", &part);
@@ -49,16 +44,6 @@ public:
         for (TestObject* object : {&group, &part, &sub, &other, &below, &last, &G, &P, &S, &O, &B, &L})
             scene.addFace(*object, scene.addMaterial(), TestScene::rectangle(2, 2, 6, 6)).name = object->name;
     }
-
-    Log draw()
-    {
-        scene.log.clear();
-        scene.draw(frame);
-        return scene.log;
-    }
-
-private:
-    TestFrame frame{16, 8};
 };
 
 Log joined(std::initializer_list<Log> logs)

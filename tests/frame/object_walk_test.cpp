@@ -1,6 +1,6 @@
 // The order of the host's callbacks for plain objects, parts met alone, and the objects that stand beside them.
 #include "geometry/polygon_lists.h"
-#include "tests/support/test_scene.h"
+#include "tests/frame/logged_scene.h"
 
 #include <doctest/doctest.h>
 
@@ -9,15 +9,9 @@
 using namespace kardeno;
 using namespace kardeno::tests;
 
-using Log = std::vector<std::string>;
-
 namespace {
 
-class Walk {
-public:
-    TestHost host;
-    TestScene scene{host, {.right = 16, .bottom = 8}};
-
+struct Walk : LoggedScene {
     // A face whose test is logged as "test <name>".
     TestFace& addFace(TestObject& object, const std::string& name, SceneMaterial& material)
     {
@@ -29,16 +23,6 @@ public:
     {
         return addFace(object, name, scene.addMaterial());
     }
-
-    Log draw()
-    {
-        scene.log.clear();
-        scene.draw(frame);
-        return scene.log;
-    }
-
-private:
-    TestFrame frame{16, 8};
 };
 
 } // namespace
