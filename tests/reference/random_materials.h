@@ -1,8 +1,8 @@
 // Materials that are made in the library and in the reference renderer alike, and the textures that they use.
 #pragma once
 
-#include "tests/reference/random_numbers.h"
 #include "tests/reference/reference_renderer.h"
+#include "tests/support/random_numbers.h"
 #include "tests/support/test_scene.h"
 
 namespace kardeno::tests {

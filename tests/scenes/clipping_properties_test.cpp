@@ -66,7 +66,7 @@ ScreenPolygon polygonOn(RandomNumbers& random, const RenderView& view, const Ran
 {
     ScreenPolygon polygon;
     std::memset(&polygon, 0, sizeof polygon);
-    polygon.vertexCount = random.whole(3, 8);
+    polygon.vertexCount = random.integer(3, 8);
     setVertex(polygon, 0, a);
     setVertex(polygon, 1, b);
     for (i32 i = 2; i < polygon.vertexCount; ++i) {

@@ -51,7 +51,7 @@ TEST_CASE("the face picked at the centre of a pixel is the one whose colour is t
 
         RandomNumbers random(seed);
         for (i32 i = 0; i < 200; ++i) {
-            const i32 column = random.whole(0, frame.width - 1), row = random.whole(0, frame.height - 1);
+            const i32 column = random.integer(0, frame.width - 1), row = random.integer(0, frame.height - 1);
             const f32 x = static_cast<f32>(column) + 0.5f, y = static_cast<f32>(row) + 0.5f;
             if (!isClearOfAllSides(x, y)) continue;
 

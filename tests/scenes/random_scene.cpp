@@ -15,7 +15,7 @@ constexpr i32 opaqueRows[] = {0, 2, 3, 10, 11, 12, 18, 19};
 std::vector<Vector> outlineOnCircle(RandomNumbers& random)
 {
     constexpr f64 smallestStep = 0.15; // of 4, which is once around
-    const i32 count = random.whole(3, 8);
+    const i32 count = random.integer(3, 8);
     std::vector<f64> turns;
     while (static_cast<i32>(turns.size()) < count) {
         const f64 turn = random.real(0, 4 - smallestStep);
@@ -80,7 +80,7 @@ public:
         if (seenFromInFront == turnedAway) std::reverse(corners.begin(), corners.end());
 
         const u16 faceColour = static_cast<u16>(random.next());
-        Object& object = *objects[random.whole(0, 2)];
+        Object& object = *objects[random.integer(0, 2)];
         scene->addFace(object, nextMaterial(), corners, faceColour);
         return true;
     }
@@ -155,8 +155,8 @@ std::unique_ptr<Scene> makeTangledScene(u32 seed, const RandomSceneSettings& set
     Scene::Settings view = {.bitsPerPixel = settings.bitsPerPixel, .nearZ = 10, .farZ = 400};
     view.left = shape.oneIn(2) ? 0 : static_cast<f32>(shape.real(0, 40));
     view.top = shape.oneIn(2) ? 0 : static_cast<f32>(shape.real(0, 30));
-    view.right = view.left + static_cast<f32>(shape.whole(60, 160));
-    view.bottom = view.top + static_cast<f32>(shape.whole(40, 120));
+    view.right = view.left + static_cast<f32>(shape.integer(60, 160));
+    view.bottom = view.top + static_cast<f32>(shape.integer(40, 120));
 
     Builder builder(seed, settings, view);
     RandomNumbers& random = builder.random;
@@ -167,7 +167,7 @@ std::unique_ptr<Scene> makeTangledScene(u32 seed, const RandomSceneSettings& set
         const f64 size = reach * (random.oneIn(5) ? random.real(0.5, 3) : random.real(0.03, 0.5));
         const f64 flatness = random.real(0.3, 1);
         i32 q[4];
-        for (i32& part : q) part = random.whole(-4, 4);
+        for (i32& part : q) part = random.integer(-4, 4);
         if (q[0] == 0 && q[1] == 0 && q[2] == 0 && q[3] == 0) q[0] = 1;
         const Placement placement = turned(q[0], q[1], q[2], q[3]);
         const Vector along = size * placement.right, across = size * flatness * placement.up;
@@ -186,7 +186,7 @@ std::unique_ptr<Scene> makeLayeredScene(u32 seed, const RandomSceneSettings& set
 
     Builder builder(seed, settings, view);
     RandomNumbers& random = builder.random;
-    for (i32 i = layerCount - 1; i > 0; --i) std::swap(depths[i], depths[random.whole(0, i)]);
+    for (i32 i = layerCount - 1; i > 0; --i) std::swap(depths[i], depths[random.integer(0, i)]);
     for (i32 i = 0; i < settings.polygons && i < layerCount;) {
         const f64 z = depths[i];
         const f64 x = random.real(-0.8, 0.8) * z, y = random.real(-0.6, 0.6) * z;

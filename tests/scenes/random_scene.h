@@ -2,9 +2,11 @@
 #pragma once
 
 #include "tests/scenes/base_scene.h"
-#include "tests/scenes/random_numbers.h"
+#include "tests/support/random_numbers.h"
 
 namespace kardeno::scenes {
+
+using tests::RandomNumbers;
 
 // Which rows the polygons are spread over.
 enum class RowChoice {

@@ -106,8 +106,8 @@ TEST_CASE("corners that lie exactly on the sides of the picture leave no gap and
             for (i32 corner = 0; corner < 3; ++corner) {
                 const f64 z = static_cast<f32>(random.real(2, 90));
                 const f64 choices[3] = {-z, z, random.real(-1, 1) * z};
-                const f64 x = widthByHeight * choices[random.whole(0, 2)];
-                const f64 y = choices[random.whole(0, 2)];
+                const f64 x = widthByHeight * choices[random.integer(0, 2)];
+                const f64 y = choices[random.integer(0, 2)];
                 corners.push_back({scene.addVertex({x, y, z})});
             }
             if (scene.isOffTheEye(corners)) scene.addFace(object, material, corners);
@@ -190,7 +190,8 @@ TEST_CASE("without intersections the order of the faces does not matter")
         TestFrame shuffled(scene->width(), scene->height());
         RandomNumbers random(seed);
         for (Object& object : scene->objects) {
-            for (i32 i = object.faceCount - 1; i > 0; --i) std::swap(object.faces[i], object.faces[random.whole(0, i)]);
+            for (i32 i = object.faceCount - 1; i > 0; --i)
+                std::swap(object.faces[i], object.faces[random.integer(0, i)]);
         }
         drawInto(shuffled, *scene);
         CHECK(shuffled.hash() == frame.hash());
@@ -216,7 +217,7 @@ TEST_CASE("a fan of triangles around a point covers the picture without a hole, 
 
         std::vector<i32> rim;
         constexpr f64 rimAt = 1000;
-        const i32 perSide = random.whole(1, 5);
+        const i32 perSide = random.integer(1, 5);
         constexpr f64 cornersX[5] = {-rimAt, -rimAt, rimAt, rimAt, -rimAt},
                       cornersY[5] = {rimAt, -rimAt, -rimAt, rimAt, rimAt};
         for (i32 side = 0; side < 4; ++side) {

@@ -3,8 +3,8 @@
 
 #include "support/types.h"
 
-#include <array>
 #include <cstddef>
+#include <stdint.h>
 
 namespace kardeno::tests {
 
@@ -26,6 +26,7 @@ public:
     f64 real(f64 low, f64 high) { return low + (high - low) * (next() / 4294967296.0); }
 
     bool chance(i32 percent) { return integer(0, 99) < percent; }
+    bool oneIn(i32 n) { return integer(1, n) == 1; }
 
     u8 byte() { return static_cast<u8>(next()); }
 
