@@ -1,7 +1,11 @@
-# How everything is compiled. Three sets, each an interface library:
+# How everything is compiled. Four sets, each an interface library:
+#   kardeno_headers     where #include "room/header.h" and #include "kardeno_soft/header.h" are looked for
 #   kardeno_arithmetic  what the pixels depend on; whatever computes with the library's numbers uses it, tests included
 #   kardeno_warnings    the warnings that tests and tools are held to
 #   kardeno_options     the library itself: both of the above and what keeps a run-time library out of it
+
+add_library(kardeno_headers INTERFACE)
+target_include_directories(kardeno_headers INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
 
 add_library(kardeno_arithmetic INTERFACE)
 target_compile_options(kardeno_arithmetic INTERFACE -ffp-contract=off -fno-math-errno)
@@ -20,7 +24,7 @@ target_compile_options(kardeno_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wno-missing-field-initializers -Werror)
 
 add_library(kardeno_options INTERFACE)
-target_link_libraries(kardeno_options INTERFACE kardeno_arithmetic kardeno_warnings)
+target_link_libraries(kardeno_options INTERFACE kardeno_headers kardeno_arithmetic kardeno_warnings)
 target_compile_options(kardeno_options INTERFACE
     -fno-exceptions -fvisibility=hidden $<$<COMPILE_LANGUAGE:CXX>:-fno-rtti -fno-threadsafe-statics>
     -Wconversion -Wsign-conversion)

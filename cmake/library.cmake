@@ -1,5 +1,5 @@
 # The library: its rooms, from the one that knows nobody to the one that knows all.
-set(kardeno_rooms support interface geometry spanbuffer raster frame)
+set(kardeno_rooms support host geometry spanbuffer raster frame interface)
 
 # The entry routine that Windows calls belongs to the DLL alone, not to the test programs.
 set(library_entry_win32 ${PROJECT_SOURCE_DIR}/interface/library_entry_win32.cpp)
@@ -14,7 +14,6 @@ kardeno_set_instruction_levels(${kardeno_sources})
 
 # The objects stand apart from the library so that tests can reach what the library does not export.
 add_library(kardeno_objects OBJECT ${kardeno_sources})
-target_include_directories(kardeno_objects PUBLIC ${PROJECT_SOURCE_DIR})
 target_compile_definitions(kardeno_objects PRIVATE KARDENO_BUILDING_LIBRARY)
 target_link_libraries(kardeno_objects PRIVATE kardeno_options)
 
@@ -25,7 +24,6 @@ if(WIN32)
     # No start-up files: nothing runs and nothing is allocated at load but our own entry routine. The fixed base and the
     # missing time stamp make the file depend on the sources alone.
     target_sources(kardeno_soft PRIVATE ${library_entry_win32})
-    target_include_directories(kardeno_soft PRIVATE ${PROJECT_SOURCE_DIR})
     target_compile_definitions(kardeno_soft PRIVATE KARDENO_BUILDING_LIBRARY)
     target_link_libraries(kardeno_soft PRIVATE kardeno_options)
     target_link_options(kardeno_soft PRIVATE -nostartfiles -static

@@ -2,7 +2,7 @@
 #
 #   tests/<room>/*_test.cpp          the tests; the other .cpp files of that folder are helpers of this one program
 #   tests/support/*.h                the tests' host, scenes and frames: headers alone, for all programs
-#   tests/scenes                     scenes that all programs share (only *_test.cpp are tests there)
+#   scenes/                          scenes that all programs share
 if(NOT EXISTS ${CMAKE_BINARY_DIR}/headers/doctest/doctest.h)
     message(FATAL_ERROR "The tests need doctest: run tools/setup check, or configure with -DKARDENO_TESTS=OFF")
 endif()
@@ -17,8 +17,7 @@ if(WIN32 AND CMAKE_CROSSCOMPILING)
 endif()
 
 add_library(test_options INTERFACE)
-target_include_directories(test_options INTERFACE ${PROJECT_SOURCE_DIR})
-target_link_libraries(test_options INTERFACE kardeno_arithmetic kardeno_warnings third_party_headers ${CMAKE_DL_LIBS})
+target_link_libraries(test_options INTERFACE kardeno_headers kardeno_arithmetic kardeno_warnings third_party_headers ${CMAKE_DL_LIBS})
 
 add_library(test_main OBJECT ${test_folder}/test_main.cpp)
 target_link_libraries(test_main PRIVATE test_options)
@@ -33,19 +32,16 @@ function(kardeno_add_test_program program)
     set_tests_properties(${program} PROPERTIES FIXTURES_REQUIRED emulator)
 endfunction()
 
-file(GLOB scene_sources CONFIGURE_DEPENDS ${test_folder}/scenes/*.cpp)
-list(FILTER scene_sources EXCLUDE REGEX "_test\\.cpp$")
-add_library(test_scenes OBJECT ${scene_sources})
-target_link_libraries(test_scenes PRIVATE test_options)
+# The scenes that tests, benches and pages share.
+file(GLOB scene_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/scenes/*.cpp)
+add_library(scenes OBJECT ${scene_sources})
+target_link_libraries(scenes PRIVATE test_options)
 
 foreach(room ${kardeno_rooms} scenes robustness reference library)
     file(GLOB sources CONFIGURE_DEPENDS ${test_folder}/${room}/*.cpp)
-    if(room STREQUAL "scenes")
-        list(FILTER sources INCLUDE REGEX "_test\\.cpp$")
-    endif()
     if(sources)
         kardeno_add_test_program(tests_${room} ${sources})
-        target_link_libraries(tests_${room} PRIVATE test_scenes kardeno_objects)
+        target_link_libraries(tests_${room} PRIVATE scenes kardeno_objects)
     endif()
 endforeach()
 

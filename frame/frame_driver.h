@@ -2,7 +2,7 @@
 // resolve every scanline into spans, and let each polygon's filler draw.
 #pragma once
 
-#include "interface/host_records.h"
+#include "kardeno_soft/host_records.h"
 
 namespace kardeno {
 
@@ -10,6 +10,6 @@ inline constexpr u8 clearUncovered = 1; // flag: pixels that no polygon covers b
 
 // Draws one frame. Does nothing without a camera; draws nothing when the view's rectangle is out of range or the edge
 // pool cannot grow.
-void renderFrame(RenderView* view, u16* frameBuffer, u32 fillerArgument, u8 flags);
+void renderFrame(HostContext& context, RenderView* view, u16* frameBuffer, u32 fillerArgument, u8 flags);
 
 } // namespace kardeno

@@ -6,8 +6,7 @@
 // They have children and siblings in the same places; where the drawn side runs out, the object itself stands in.
 #pragma once
 
-#include "interface/host_context.h"
-#include "interface/render_modes.h"
+#include "host/render_modes.h"
 
 #include <concepts>
 
@@ -40,7 +39,10 @@ void forEachTestedFace(const SceneObject& drawn, Visit visit)
 template <FaceVisitor Visitor>
 class ObjectWalk {
 public:
-    ObjectWalk(RenderView* theView, Visitor& theVisitor) : view(theView), visitor(theVisitor) {}
+    ObjectWalk(HostContext& theContext, RenderView* theView, Visitor& theVisitor)
+        : context(theContext), view(theView), visitor(theVisitor)
+    {
+    }
 
     void walkRoots()
     {
@@ -48,6 +50,7 @@ public:
     }
 
 private:
+    HostContext& context;
     RenderView* view;
     Visitor& visitor;
 
@@ -75,7 +78,7 @@ private:
     // The new stamp makes every cached projection stale.
     void lightAndPrepare(SceneObject* drawn, SceneObject* object)
     {
-        ++hostContext->projectionStamp;
+        ++context.projectionStamp;
         if (Visitor::lights && needsLight(*drawn)) functionsOf(*drawn).light(drawn, object, view);
         functionsOf(*drawn).prepareVertices(drawn, object, view);
     }

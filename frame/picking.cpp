@@ -32,16 +32,6 @@ Vector normalised(const Vector& v)
     return {v.x / length, v.y / length, v.z / length};
 }
 
-// A pick forms the products of a projection in another order than a frame, and rounds differently.
-ScreenVertex projectedForPick(const ViewProjection& projection, const CameraVertex& vertex)
-{
-    ScreenVertex result;
-    result.invDepth = stored(1.0 / vertex.z);
-    result.x = stored(static_cast<f64>(vertex.x) * result.invDepth * projection.scaleX + projection.centreX);
-    result.y = stored(projection.centreY - static_cast<f64>(vertex.y) * result.invDepth * projection.scaleY);
-    return result;
-}
-
 void setCorner(ScreenPolygon& outline, i32 corner, const ScreenVertex& screen)
 {
     outline.screenX[corner] = screen.x;
@@ -50,23 +40,22 @@ void setCorner(ScreenPolygon& outline, i32 corner, const ScreenVertex& screen)
 }
 
 // The face's outline, in camera space and on the screen, cut at the near and far planes. False when nothing is left.
-bool outlineOf(const RenderView& view, const SceneFace& face, ScreenPolygon& outline)
+bool outlineOf(HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& outline)
 {
-    if (!foldOutcodes(outline, face)) return false;
+    if (!foldOutcodes(context, outline, face)) return false;
 
-    copyCameraOutline(outline, face);
+    copyCameraOutline(context, outline, face);
     const ViewProjection& projection = *view.projection;
     if ((outline.outcodeAnd & outcodeDepthPlanes) == outcodeDepthPlanes) {
         for (i32 i = 0; i < outline.vertexCount; ++i) {
-            setCorner(outline, i,
-                      projectedThroughCache<projectedForPick>(*hostContext, projection, face.vertexIndices[i]));
+            setCorner(outline, i, projectedThroughCache(context, projection, face.vertexIndices[i]));
         }
         return true;
     }
 
     if (!clipToDepth(view, clippers<PositionsOnly>, outline)) return false;
     for (i32 i = 0; i < outline.vertexCount; ++i) {
-        setCorner(outline, i, projectedForPick(projection, cameraCorner(outline, i)));
+        setCorner(outline, i, projected(projection, cameraCorner(outline, i)));
     }
     return true;
 }
@@ -114,6 +103,7 @@ f32 depthAt(const ViewProjection& projection, const ScreenPolygon& outline, f64 
 struct FacePicker {
     static constexpr bool lights = false;
 
+    HostContext& context;
     f32 x, y;
     i32* faceIndex;
     f32* depth;
@@ -123,7 +113,7 @@ struct FacePicker {
     {
         forEachTestedFace(*drawn, [&](SceneFace* face, i32 index) {
             ScreenPolygon outline; // only the corner arrays that the depth clippers and the tests need are set
-            if (!outlineOf(*view, *face, outline)) return;
+            if (!outlineOf(context, *view, *face, outline)) return;
             if (!boxContains(outline, x, y) || !sidesContain(outline, x, y)) return;
             const f32 z = depthAt(*view->projection, outline, x, y);
             if (!(z < *depth)) return;
@@ -136,15 +126,15 @@ struct FacePicker {
 
 } // namespace
 
-SceneObject* pick(RenderView* view, f32 x, f32 y, i32* faceIndex, f32* depth)
+SceneObject* pick(HostContext& context, RenderView* view, f32 x, f32 y, i32* faceIndex, f32* depth)
 {
     if (!view->camera) return nullptr;
     view->camera->functions->prepare(view->camera, view);
 
     *depth = view->farZ;
     *faceIndex = 0;
-    FacePicker picker = {x, y, faceIndex, depth, nullptr};
-    ObjectWalk(view, picker).walkRoots();
+    FacePicker picker = {context, x, y, faceIndex, depth, nullptr};
+    ObjectWalk(context, view, picker).walkRoots();
     return picker.nearest;
 }
 

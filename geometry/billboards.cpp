@@ -48,7 +48,7 @@ void squareCorners(const RenderView& view, ScreenPolygon& polygon)
         polygon.screenX[i] = corners[i].x;
         polygon.screenY[i] = corners[i].y;
         polygon.outcode[i] =
-            outcodeDepthPlanes | columnBitsOnScreen(view, corners[i].x) | rowBitsOnScreen(view, corners[i].y);
+            outcodeDepthPlanes | columnOutcodeOnScreen(view, corners[i].x) | rowOutcodeOnScreen(view, corners[i].y);
         polygon.outcodeAnd &= polygon.outcode[i];
         polygon.outcodeOr |= polygon.outcode[i];
     }

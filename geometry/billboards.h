@@ -15,20 +15,21 @@ template <class TargetList>
 void emitBillboard(const RenderView* view, const SceneFace* face)
 {
     if (face->vertexCount != 4) return;
-    ScreenPolygon* polygon = reservePolygon(TargetList::list());
-    if (!polygon || !foldOutcodes(*polygon, *face)) return;
+    HostContext& context = *hostContext;
+    ScreenPolygon* polygon = reservePolygon(context, TargetList::list());
+    if (!polygon || !foldOutcodes(context, *polygon, *face)) return;
 
     // A billboard is never cut at the near or far plane: it is dropped whole.
     if ((polygon->outcodeAnd & outcodeDepthPlanes) != outcodeDepthPlanes) return;
 
-    fromCache<Textured>(*view, *face, *polygon);
+    fromCache<Textured>(context, *view, *face, *polygon);
     polygon->maxDepth = deepestCorner(*polygon);
     squareCorners(*view, *polygon);
     if (!clipToScreen(*view, modeOf(*face->material).clip, *polygon)) return;
 
-    constexpr bool late = __is_same(TargetList, LateSortedPolygons);
-    if constexpr (!late) setDepthPlane(*view, *face, *polygon);
-    finishPolygon(*face, *polygon, false);
+    // What is never resolved is never compared in depth.
+    if constexpr (TargetList::resolved) setDepthPlane(context, *view, *face, *polygon);
+    finishPolygon(*face, *polygon, TargetList::occludes);
     commitPolygon(TargetList::list());
 }
 

@@ -22,7 +22,7 @@ struct InvDepth : Coordinate<&ScreenPolygon::invDepth> {};
 
 // The tests below are inclusive: a value on the bound is inside. They test the stored coordinates.
 
-inline u32 sideBitsInCamera(const ScreenPolygon& polygon, i32 vertex, f32 depth)
+inline u32 sideOutcodeInCamera(const ScreenPolygon& polygon, i32 vertex, f32 depth)
 {
     const f32 x = polygon.viewX[vertex];
     const f32 y = polygon.viewY[vertex];
@@ -34,7 +34,7 @@ inline u32 sideBitsInCamera(const ScreenPolygon& polygon, i32 vertex, f32 depth)
     return bits;
 }
 
-inline u32 columnBitsOnScreen(const RenderView& view, f32 x)
+inline u32 columnOutcodeOnScreen(const RenderView& view, f32 x)
 {
     u32 bits = 0;
     if (x >= view.left) bits |= outcodeLeft;
@@ -42,7 +42,7 @@ inline u32 columnBitsOnScreen(const RenderView& view, f32 x)
     return bits;
 }
 
-inline u32 rowBitsOnScreen(const RenderView& view, f32 y)
+inline u32 rowOutcodeOnScreen(const RenderView& view, f32 y)
 {
     u32 bits = 0;
     if (y >= view.top) bits |= outcodeTop;
@@ -54,51 +54,51 @@ inline u32 rowBitsOnScreen(const RenderView& view, f32 y)
 // vertex gets the near bit, and none after the far plane gets the far bit.
 
 struct NearPlane {
-    static constexpr u32 insideBit = outcodeNear;
+    static constexpr u32 outcodeBit = outcodeNear;
     using Tested = ViewZ;
     using Carried = List<ViewX, ViewY>;
     static f32 bound(const RenderView& view) { return view.nearZ; }
     static u32 newOutcode(const RenderView& view, const ScreenPolygon& polygon, i32 newVertex, u32 outsideOutcode)
     {
-        return (outsideOutcode & outcodeFar) | sideBitsInCamera(polygon, newVertex, view.nearZ);
+        return (outsideOutcode & outcodeFar) | sideOutcodeInCamera(polygon, newVertex, view.nearZ);
     }
 };
 
 struct FarPlane {
-    static constexpr u32 insideBit = outcodeFar;
+    static constexpr u32 outcodeBit = outcodeFar;
     using Tested = ViewZ;
     using Carried = List<ViewX, ViewY>;
     static f32 bound(const RenderView& view) { return view.farZ; }
     static u32 newOutcode(const RenderView& view, const ScreenPolygon& polygon, i32 newVertex, u32)
     {
-        return sideBitsInCamera(polygon, newVertex, view.farZ);
+        return sideOutcodeInCamera(polygon, newVertex, view.farZ);
     }
 };
 
 struct RightPlane {
-    static constexpr u32 insideBit = outcodeRight;
+    static constexpr u32 outcodeBit = outcodeRight;
     using Tested = ScreenX;
     using Carried = List<ScreenY, InvDepth>;
     static f32 bound(const RenderView& view) { return view.projection->right; }
     static u32 newOutcode(const RenderView& view, const ScreenPolygon& polygon, i32 newVertex, u32)
     {
-        return outcodeLeft | rowBitsOnScreen(view, polygon.screenY[newVertex]);
+        return outcodeLeft | rowOutcodeOnScreen(view, polygon.screenY[newVertex]);
     }
 };
 
 struct LeftPlane {
-    static constexpr u32 insideBit = outcodeLeft;
+    static constexpr u32 outcodeBit = outcodeLeft;
     using Tested = ScreenX;
     using Carried = List<ScreenY, InvDepth>;
     static f32 bound(const RenderView& view) { return view.left; }
     static u32 newOutcode(const RenderView& view, const ScreenPolygon& polygon, i32 newVertex, u32)
     {
-        return rowBitsOnScreen(view, polygon.screenY[newVertex]);
+        return rowOutcodeOnScreen(view, polygon.screenY[newVertex]);
     }
 };
 
 struct BottomPlane {
-    static constexpr u32 insideBit = outcodeBottom;
+    static constexpr u32 outcodeBit = outcodeBottom;
     using Tested = ScreenY;
     using Carried = List<ScreenX, InvDepth>;
     static f32 bound(const RenderView& view) { return view.projection->bottom; }
@@ -106,7 +106,7 @@ struct BottomPlane {
 };
 
 struct TopPlane {
-    static constexpr u32 insideBit = outcodeTop;
+    static constexpr u32 outcodeBit = outcodeTop;
     using Tested = ScreenY;
     using Carried = List<ScreenX, InvDepth>;
     static f32 bound(const RenderView& view) { return view.top; }

@@ -5,50 +5,52 @@ namespace kardeno {
 namespace {
 
 // Calls a clipper when some corner of the face lies outside its plane.
-bool survives(ClipRoutine clipper, u32 insideBit, const RenderView& view, ScreenPolygon& polygon)
+bool survives(ClipRoutine clipper, u32 outcodeBit, const RenderView& view, ScreenPolygon& polygon)
 {
-    if (polygon.outcodeAnd & insideBit) return true;
+    if (polygon.outcodeAnd & outcodeBit) return true;
     clipper(&view, &polygon);
     return polygon.vertexCount >= minCorners;
 }
 
 } // namespace
 
-bool foldOutcodes(ScreenPolygon& polygon, const SceneFace& face)
+bool foldOutcodes(const HostContext& context, ScreenPolygon& polygon, const SceneFace& face)
 {
     polygon.outcodeAnd = outcodeAll;
     polygon.outcodeOr = 0;
     for (i32 i = 0; i < face.vertexCount; ++i) {
-        const u32 outcode = hostContext->vertexOutcodes[face.vertexIndices[i]];
+        const u32 outcode = context.vertexOutcodes[face.vertexIndices[i]];
         polygon.outcodeAnd &= outcode;
         polygon.outcodeOr |= outcode;
     }
     return polygon.outcodeOr == outcodeAll && face.vertexCount >= minCorners && face.vertexCount <= maxCorners;
 }
 
-void copyCameraOutline(ScreenPolygon& polygon, const SceneFace& face)
+void copyCameraOutline(const HostContext& context, ScreenPolygon& polygon, const SceneFace& face)
 {
     polygon.vertexCount = face.vertexCount;
     for (i32 i = 0; i < face.vertexCount; ++i) {
         const i32 vertexIndex = face.vertexIndices[i];
-        const CameraVertex& vertex = hostContext->cameraVertices[vertexIndex];
+        const CameraVertex& vertex = context.cameraVertices[vertexIndex];
         polygon.viewX[i] = vertex.x;
         polygon.viewY[i] = vertex.y;
         polygon.viewZ[i] = vertex.z;
-        polygon.outcode[i] = hostContext->vertexOutcodes[vertexIndex];
+        polygon.outcode[i] = context.vertexOutcodes[vertexIndex];
     }
 }
 
 bool clipToDepth(const RenderView& view, const ClipperFamily& clippers, ScreenPolygon& polygon)
 {
-    return survives(clippers.near, outcodeNear, view, polygon) && survives(clippers.far, outcodeFar, view, polygon);
+    return survives(clippers.nearPlane, outcodeNear, view, polygon)
+           && survives(clippers.farPlane, outcodeFar, view, polygon);
 }
 
 bool clipToScreen(const RenderView& view, const ClipperFamily& clippers, ScreenPolygon& polygon)
 {
-    const bool visible =
-        survives(clippers.right, outcodeRight, view, polygon) && survives(clippers.left, outcodeLeft, view, polygon)
-        && survives(clippers.bottom, outcodeBottom, view, polygon) && survives(clippers.top, outcodeTop, view, polygon);
+    const bool visible = survives(clippers.rightPlane, outcodeRight, view, polygon)
+                         && survives(clippers.leftPlane, outcodeLeft, view, polygon)
+                         && survives(clippers.bottomPlane, outcodeBottom, view, polygon)
+                         && survives(clippers.topPlane, outcodeTop, view, polygon);
     if (!visible) return false;
     for (i32 i = 0; i < polygon.vertexCount; ++i) polygon.scanY[i] = truncated(polygon.screenY[i]);
     return true;
@@ -64,10 +66,10 @@ i32 deepestCorner(const ScreenPolygon& polygon)
     return deepest;
 }
 
-void setDepthPlane(const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
+void setDepthPlane(const HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
 {
     const ViewProjection& projection = *view.projection;
-    const CameraVertex& corner = hostContext->cameraVertices[face.vertexIndices[0]];
+    const CameraVertex& corner = context.cameraVertices[face.vertexIndices[0]];
     const f64 nx = face.normalX;
     const f64 ny = face.normalY;
     const f64 nz = face.normalZ;

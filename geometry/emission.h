@@ -5,22 +5,10 @@
 #include "geometry/plane_clipping.h"
 #include "geometry/polygon_lists.h"
 #include "geometry/projection.h"
+#include "host/host_context.h"
+#include "host/render_modes.h"
 
 namespace kardeno {
-
-// The lists that a routine can append to.
-struct ResolvedPolygons {
-    static constexpr bool sorted = false;
-    static PolygonList& list() { return resolvedPolygons; }
-};
-struct SortedPolygons {
-    static constexpr bool sorted = true;
-    static PolygonList& list() { return sortedPolygons; }
-};
-struct LateSortedPolygons {
-    static constexpr bool sorted = true;
-    static PolygonList& list() { return lateSortedPolygons; }
-};
 
 inline constexpr u32 outcodeDepthPlanes = outcodeNear | outcodeFar;
 inline constexpr i32 minCorners = 3;
@@ -29,10 +17,10 @@ inline constexpr i32 minCorners = 3;
 
 // Folds the outcodes of the face's corners into outcodeAnd and outcodeOr. False when some plane has no corner inside it,
 // and when the face has fewer than 3 or more than 16 corners.
-bool foldOutcodes(ScreenPolygon& polygon, const SceneFace& face);
+bool foldOutcodes(const HostContext& context, ScreenPolygon& polygon, const SceneFace& face);
 
 // Takes the face's corners, with their outcodes, from camera space.
-void copyCameraOutline(ScreenPolygon& polygon, const SceneFace& face);
+void copyCameraOutline(const HostContext& context, ScreenPolygon& polygon, const SceneFace& face);
 
 inline CameraVertex cameraCorner(const ScreenPolygon& polygon, i32 i)
 {
@@ -49,17 +37,17 @@ bool clipToScreen(const RenderView& view, const ClipperFamily& clippers, ScreenP
 i32 deepestCorner(const ScreenPolygon& polygon);
 
 // The plane of inverse depth over the screen, from the face's own plane and not from the clipped outline.
-void setDepthPlane(const RenderView& view, const SceneFace& face, ScreenPolygon& polygon);
+void setDepthPlane(const HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& polygon);
 
 // Sets what every emitted polygon starts the frame with.
 void finishPolygon(const SceneFace& face, ScreenPolygon& polygon, bool occludes);
 
 // What an attribute of corner i is made from.
 template <class Format>
-CornerSource cornerSource(const SceneFace& face, i32 i)
+CornerSource cornerSource(const HostContext& context, const SceneFace& face, i32 i)
 {
     CornerSource source = {.texCoord = nullptr, .image = nullptr, .shade = nullptr};
-    source.shade = hostContext->vertexShades + face.vertexIndices[i];
+    source.shade = context.vertexShades + face.vertexIndices[i];
     if constexpr (carriesTexture<Format>) {
         source.texCoord = face.texCoords + i;
         source.image = face.material->textureMap->image;
@@ -69,11 +57,11 @@ CornerSource cornerSource(const SceneFace& face, i32 i)
 
 // A face that crosses the near or the far plane: cut in camera space with unprojected attributes, then projected.
 template <class Format>
-bool throughCamera(const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
+bool throughCamera(const HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
 {
-    copyCameraOutline(polygon, face);
+    copyCameraOutline(context, polygon, face);
     for (i32 i = 0; i < face.vertexCount; ++i) {
-        const CornerSource source = cornerSource<Format>(face, i);
+        const CornerSource source = cornerSource<Format>(context, face, i);
         Format::Attributes::forEach(
             [&]<class Attribute>() { (polygon.*Attribute::values)[i] = stored(Attribute::beforeProjection(source)); });
     }
@@ -95,19 +83,19 @@ bool throughCamera(const RenderView& view, const SceneFace& face, ScreenPolygon&
 
 // A face inside both depth planes: its projected corners come from the vertex cache.
 template <class Format>
-void fromCache(const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
+void fromCache(HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
 {
     polygon.vertexCount = face.vertexCount;
     for (i32 i = 0; i < face.vertexCount; ++i) {
         const i32 vertexIndex = face.vertexIndices[i];
-        const ScreenVertex& vertex = projectedThroughCache<projected>(*hostContext, *view.projection, vertexIndex);
+        const ScreenVertex& vertex = projectedThroughCache(context, *view.projection, vertexIndex);
         polygon.screenX[i] = vertex.x;
         polygon.screenY[i] = vertex.y;
         polygon.invDepth[i] = vertex.invDepth;
-        polygon.viewZ[i] = hostContext->cameraVertices[vertexIndex].z;
-        polygon.outcode[i] = hostContext->vertexOutcodes[vertexIndex];
+        polygon.viewZ[i] = context.cameraVertices[vertexIndex].z;
+        polygon.outcode[i] = context.vertexOutcodes[vertexIndex];
 
-        const CornerSource source = cornerSource<Format>(face, i);
+        const CornerSource source = cornerSource<Format>(context, face, i);
         Format::Attributes::forEach([&]<class Attribute>() {
             (polygon.*Attribute::values)[i] = stored(Attribute::afterProjection(source, vertex.invDepth));
         });
@@ -117,19 +105,20 @@ void fromCache(const RenderView& view, const SceneFace& face, ScreenPolygon& pol
 template <class Format, class TargetList>
 void emit(const RenderView* view, const SceneFace* face)
 {
-    ScreenPolygon* polygon = reservePolygon(TargetList::list());
-    if (!polygon || !foldOutcodes(*polygon, *face)) return;
+    HostContext& context = *hostContext;
+    ScreenPolygon* polygon = reservePolygon(context, TargetList::list());
+    if (!polygon || !foldOutcodes(context, *polygon, *face)) return;
 
     const bool crossesDepthPlanes = (polygon->outcodeAnd & outcodeDepthPlanes) != outcodeDepthPlanes;
     if (!crossesDepthPlanes)
-        fromCache<Format>(*view, *face, *polygon);
-    else if (!throughCamera<Format>(*view, *face, *polygon))
+        fromCache<Format>(context, *view, *face, *polygon);
+    else if (!throughCamera<Format>(context, *view, *face, *polygon))
         return;
 
     if constexpr (TargetList::sorted) polygon->maxDepth = deepestCorner(*polygon);
     if (!clipToScreen(*view, modeOf(*face->material).clip, *polygon)) return;
-    setDepthPlane(*view, *face, *polygon);
-    finishPolygon(*face, *polygon, !TargetList::sorted);
+    setDepthPlane(context, *view, *face, *polygon);
+    finishPolygon(*face, *polygon, TargetList::occludes);
     commitPolygon(TargetList::list());
 }
 

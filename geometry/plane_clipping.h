@@ -4,7 +4,7 @@
 
 #include "geometry/clip_planes.h"
 #include "geometry/vertex_formats.h"
-#include "interface/render_modes.h"
+#include "kardeno_soft/render_modes.h"
 
 namespace kardeno {
 
@@ -64,8 +64,8 @@ void clip(const RenderView* view, ScreenPolygon* polygon)
 
     for (i32 a = 0; a < count; ++a) {
         const i32 b = a + 1 < count ? a + 1 : 0;
-        const bool aInside = input.outcode[a] & Plane::insideBit;
-        const bool bInside = input.outcode[b] & Plane::insideBit;
+        const bool aInside = input.outcode[a] & Plane::outcodeBit;
+        const bool bInside = input.outcode[b] & Plane::outcodeBit;
 
         const i32 needed = (aInside != bInside ? 1 : 0) + (bInside ? 1 : 0);
         if (made + needed > maxCorners) {
@@ -80,12 +80,12 @@ void clip(const RenderView* view, ScreenPolygon* polygon)
 
 template <class Format>
 inline constexpr ClipperFamily clippers = {
-    .near = clip<NearPlane, Format>,
-    .far = clip<FarPlane, Format>,
-    .right = clip<RightPlane, Format>,
-    .left = clip<LeftPlane, Format>,
-    .bottom = clip<BottomPlane, Format>,
-    .top = clip<TopPlane, Format>,
+    .nearPlane = clip<NearPlane, Format>,
+    .farPlane = clip<FarPlane, Format>,
+    .rightPlane = clip<RightPlane, Format>,
+    .leftPlane = clip<LeftPlane, Format>,
+    .bottomPlane = clip<BottomPlane, Format>,
+    .topPlane = clip<TopPlane, Format>,
 };
 
 } // namespace kardeno

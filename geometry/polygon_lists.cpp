@@ -1,7 +1,5 @@
 #include "geometry/polygon_lists.h"
 
-#include "interface/host_context.h"
-
 namespace kardeno {
 
 constinit PolygonList resolvedPolygons = {};
@@ -17,20 +15,20 @@ u32 bytesFor(i32 count, u32 size)
 }
 
 // A block that was given back must not reach the host again: the array then starts anew from a null block.
-u32* reallocated(const SortArray& array, i32 capacity)
+u32* reallocated(HostContext& context, const SortArray& array, i32 capacity)
 {
     u32* const block = array.released ? nullptr : array.entries;
-    return static_cast<u32*>(hostContext->realloc(block, bytesFor(capacity, sizeof(u32))));
+    return static_cast<u32*>(context.realloc(block, bytesFor(capacity, sizeof(u32))));
 }
 
 // Grows the three sort arrays by a step; false when any of them was refused.
-bool growSortArrays(SortArrays& arrays)
+bool growSortArrays(HostContext& context, SortArrays& arrays)
 {
     SortArray* const all[] = {&arrays.sortOrder, &arrays.sortKeys, &arrays.sortScratch};
     arrays.capacity += listGrowth;
 
     u32* blocks[3];
-    for (int i = 0; i < 3; ++i) blocks[i] = reallocated(*all[i], arrays.capacity);
+    for (int i = 0; i < 3; ++i) blocks[i] = reallocated(context, *all[i], arrays.capacity);
 
     if (blocks[0] && blocks[1] && blocks[2]) {
         for (int i = 0; i < 3; ++i) *all[i] = {.entries = blocks[i], .released = false};
@@ -40,7 +38,7 @@ bool growSortArrays(SortArrays& arrays)
     // Intended: what was just obtained is given back, although the stored pointers may name those very blocks.
     for (int i = 0; i < 3; ++i) {
         if (!blocks[i]) continue;
-        hostContext->free(blocks[i]);
+        context.free(blocks[i]);
         all[i]->released = true;
     }
     arrays.capacity -= listGrowth;
@@ -48,11 +46,11 @@ bool growSortArrays(SortArrays& arrays)
 }
 
 // Grows the list by a step, and the sort arrays when they would be too short; false when the face in hand is dropped.
-bool growList(PolygonList& list)
+bool growList(HostContext& context, PolygonList& list)
 {
     list.capacity += listGrowth;
     auto* const block =
-        static_cast<ScreenPolygon*>(hostContext->realloc(list.records, bytesFor(list.capacity, sizeof(ScreenPolygon))));
+        static_cast<ScreenPolygon*>(context.realloc(list.records, bytesFor(list.capacity, sizeof(ScreenPolygon))));
     if (block) {
         list.held = block;
         list.heldCapacity = list.capacity;
@@ -60,7 +58,7 @@ bool growList(PolygonList& list)
 
     // Intended: when a sort array is refused the list keeps its raised capacity and its old stored pointer, and the block
     // just obtained is not given back.
-    if (sortArrays.capacity <= list.count && !growSortArrays(sortArrays)) return false;
+    if (sortArrays.capacity <= list.count && !growSortArrays(context, sortArrays)) return false;
 
     if (!block) {
         list.capacity -= listGrowth;
@@ -77,9 +75,9 @@ bool SortArrays::canHold(i32 count) const
     return capacity >= count && !sortOrder.released && !sortKeys.released && !sortScratch.released;
 }
 
-ScreenPolygon* reservePolygon(PolygonList& list)
+ScreenPolygon* reservePolygon(HostContext& context, PolygonList& list)
 {
-    if (list.capacity <= list.count && !growList(list)) return nullptr;
+    if (list.capacity <= list.count && !growList(context, list)) return nullptr;
 
     // After half a growth the stored pointer may be null or stale, or the capacity larger than the block.
     const bool storedBlockIsReal = list.records && list.records == list.held;

@@ -37,14 +37,37 @@ struct SortArrays {
     bool canHold(i32 count) const;
 };
 
-extern PolygonList resolvedPolygons;   // occluding; resolved per scanline, drawn in list order
-extern PolygonList sortedPolygons;     // see-through; resolved too, drawn from far to near
-extern PolygonList lateSortedPolygons; // never resolved; drawn from far to near after all others
+extern PolygonList resolvedPolygons;
+extern PolygonList sortedPolygons;
+extern PolygonList lateSortedPolygons;
 extern SortArrays sortArrays;
+
+// What each list is, for the routines that append to it and for the frame driver:
+//   occludes  its polygons hide what lies farther
+//   resolved  its polygons' edges go into the edge table, and the scanline resolver finds their visible spans
+//   sorted    its polygons are drawn from far to near, and so need a sort depth; else they are drawn in list order
+struct ResolvedPolygons {
+    static constexpr bool occludes = true;
+    static constexpr bool resolved = true;
+    static constexpr bool sorted = false;
+    static PolygonList& list() { return resolvedPolygons; }
+};
+struct SortedPolygons {
+    static constexpr bool occludes = false;
+    static constexpr bool resolved = true;
+    static constexpr bool sorted = true;
+    static PolygonList& list() { return sortedPolygons; }
+};
+struct LateSortedPolygons {
+    static constexpr bool occludes = false;
+    static constexpr bool resolved = false;
+    static constexpr bool sorted = true;
+    static PolygonList& list() { return lateSortedPolygons; }
+};
 
 // The record at index `count`, to be filled; the count is not advanced. Grows the list when it is full, and the sort
 // arrays with it. Null when there is no room: the caller drops the face.
-ScreenPolygon* reservePolygon(PolygonList& list);
+ScreenPolygon* reservePolygon(HostContext& context, PolygonList& list);
 
 // Takes the reserved record into the list.
 void commitPolygon(PolygonList& list);

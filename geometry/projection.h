@@ -1,14 +1,14 @@
-// Perspective projection of vertices for a frame: straight from camera space, or through the host's vertex cache, which
+// Perspective projection of vertices, for frames and picks: straight from camera space, or through the host's vertex cache, which
 // projects every shared vertex once for an object.
 #pragma once
 
 #include "geometry/screen_polygon.h"
-#include "interface/host_context.h"
 #include "support/arithmetic.h"
 
 namespace kardeno {
 
-// 1/Z is rounded first, and x and y are formed from the rounded value.
+// 1/Z is rounded first, and x and y are formed from the rounded value. The product of two f32 is exact in f64, so that
+// each triple product rounds once, in whichever order it is formed.
 inline ScreenVertex projected(const ViewProjection& projection, const CameraVertex& vertex)
 {
     ScreenVertex result;
@@ -18,15 +18,14 @@ inline ScreenVertex projected(const ViewProjection& projection, const CameraVert
     return result;
 }
 
-// The cached projection of a vertex; `project` makes it when the vertex's stamp is not the current one. A frame and a
-// pick form the same products in another order, which is why the routine is a choice.
-template <auto project>
-const ScreenVertex& projectedThroughCache(HostContext& context, const ViewProjection& projection, i32 vertexIndex)
+// The cached projection of a vertex, made when the vertex's stamp is not the current one.
+inline const ScreenVertex& projectedThroughCache(HostContext& context, const ViewProjection& projection,
+                                                 i32 vertexIndex)
 {
     ScreenVertex& cached = context.screenVertices[vertexIndex];
     u32& stamp = context.vertexStamps[vertexIndex];
     if (stamp != context.projectionStamp) {
-        cached = project(projection, context.cameraVertices[vertexIndex]);
+        cached = projected(projection, context.cameraVertices[vertexIndex]);
         stamp = context.projectionStamp;
     }
     return cached;

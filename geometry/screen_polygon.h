@@ -3,13 +3,13 @@
 // k of vertex i as an array element, without an allocation anywhere.
 #pragma once
 
-#include "interface/host_records.h"
+#include "kardeno_soft/host_records.h"
 
 namespace kardeno {
 
 inline constexpr i32 maxCorners = 16;
 
-// Offsets are in 32-bit words; arrays that the polygon's vertex format does not use hold stale data.
+// Arrays that the polygon's vertex format does not use hold stale data.
 struct ScreenPolygon {
     i32 vertexCount;
     u32 outcodeAnd; // of the face's vertices; gates the clippers, and is not recomputed between them
@@ -44,12 +44,39 @@ struct ScreenPolygon {
     i32 occludes;         // 1: hides what lies farther; 0: see-through
     i32 engineFlag;       // 1 while the polygon has an open run on the current scanline
 };
-static_assert(sizeof(ScreenPolygon) == 1024);
-static_assert(offsetof(ScreenPolygon, outcode) == 12 && offsetof(ScreenPolygon, maxDepth) == 76);
-static_assert(offsetof(ScreenPolygon, screenX) == 80 && offsetof(ScreenPolygon, viewX) == 272);
-static_assert(offsetof(ScreenPolygon, texU) == 464 && offsetof(ScreenPolygon, scanY) == 848);
-static_assert(offsetof(ScreenPolygon, material) == 976 && offsetof(ScreenPolygon, spanHead) == 984);
-static_assert(offsetof(ScreenPolygon, above) == 1000 && offsetof(ScreenPolygon, engineFlag) == 1020);
+KARDENO_SIZE(ScreenPolygon, 1024, 1040);
+KARDENO_OFFSET(ScreenPolygon, vertexCount, 0, 0);
+KARDENO_OFFSET(ScreenPolygon, outcodeAnd, 4, 4);
+KARDENO_OFFSET(ScreenPolygon, outcodeOr, 8, 8);
+KARDENO_OFFSET(ScreenPolygon, outcode, 12, 12);
+KARDENO_OFFSET(ScreenPolygon, maxDepth, 76, 76);
+KARDENO_OFFSET(ScreenPolygon, screenX, 80, 80);
+KARDENO_OFFSET(ScreenPolygon, screenY, 144, 144);
+KARDENO_OFFSET(ScreenPolygon, invDepth, 208, 208);
+KARDENO_OFFSET(ScreenPolygon, viewX, 272, 272);
+KARDENO_OFFSET(ScreenPolygon, viewY, 336, 336);
+KARDENO_OFFSET(ScreenPolygon, viewZ, 400, 400);
+KARDENO_OFFSET(ScreenPolygon, texU, 464, 464);
+KARDENO_OFFSET(ScreenPolygon, texV, 528, 528);
+KARDENO_OFFSET(ScreenPolygon, intensity, 592, 592);
+KARDENO_OFFSET(ScreenPolygon, colourR, 656, 656);
+KARDENO_OFFSET(ScreenPolygon, colourG, 720, 720);
+KARDENO_OFFSET(ScreenPolygon, colourB, 784, 784);
+KARDENO_OFFSET(ScreenPolygon, scanY, 848, 848);
+KARDENO_OFFSET(ScreenPolygon, reserved, 912, 912);
+KARDENO_OFFSET(ScreenPolygon, material, 976, 976);
+KARDENO_OFFSET(ScreenPolygon, faceColour, 980, 984);
+KARDENO_OFFSET(ScreenPolygon, faceColourHigh, 982, 986);
+KARDENO_OFFSET(ScreenPolygon, spanHead, 984, 988);
+KARDENO_OFFSET(ScreenPolygon, invDepthStepX, 988, 992);
+KARDENO_OFFSET(ScreenPolygon, invDepthStepY, 992, 996);
+KARDENO_OFFSET(ScreenPolygon, invDepthOrigin, 996, 1000);
+KARDENO_OFFSET(ScreenPolygon, above, 1000, 1008);
+KARDENO_OFFSET(ScreenPolygon, below, 1004, 1016);
+KARDENO_OFFSET(ScreenPolygon, activeCount, 1008, 1024);
+KARDENO_OFFSET(ScreenPolygon, engineWord, 1012, 1028);
+KARDENO_OFFSET(ScreenPolygon, occludes, 1016, 1032);
+KARDENO_OFFSET(ScreenPolygon, engineFlag, 1020, 1036);
 
 // Inverse depth of the polygon's plane at a screen point, in full precision. Larger is nearer.
 inline f64 planeDepth(const ScreenPolygon& polygon, f32 x, f32 y)

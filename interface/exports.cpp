@@ -1,13 +1,14 @@
 // The 28 exported functions: each hands over to the routine that does its work.
-#include "interface/kardeno_soft.h"
+#include "kardeno_soft/kardeno_soft.h"
 
 #include "frame/frame_driver.h"
 #include "frame/picking.h"
-#include "interface/colour_tables.h"
+#include "host/host_context.h"
+#include "host/pixel_format.h"
 #include "interface/faces.h"
-#include "interface/host_context.h"
 #include "interface/materials.h"
 #include "interface/render_mode_table.h"
+#include "raster/colour_tables.h"
 
 namespace kardeno {
 
@@ -21,32 +22,32 @@ i32 Kardeno_Init_Render_Dll(HostContext* context)
 
 void Kardeno_Render_Dll(RenderView* view, u16* frameBuffer, u32 argument, u8 flags)
 {
-    renderFrame(view, frameBuffer, argument, flags);
+    renderFrame(*hostContext, view, frameBuffer, argument, flags);
 }
 
 SceneObject* Kardeno_Pick_Dll(RenderView* view, f32 x, f32 y, i32* faceIndex, f32* depth)
 {
-    return pick(view, x, y, faceIndex, depth);
+    return pick(*hostContext, view, x, y, faceIndex, depth);
 }
 
 i32 Kardeno_Add_Material_Dll(SceneMaterial* material)
 {
-    return addMaterial(*material);
+    return addMaterial(*hostContext, *material);
 }
 
 void Kardeno_Release_Material_Dll(SceneMaterial* material)
 {
-    releaseMaterial(*material);
+    releaseMaterial(*hostContext, *material);
 }
 
 void Kardeno_Update_Material_Dll(SceneMaterial* material)
 {
-    updateMaterial(*material);
+    updateMaterial(*hostContext, *material);
 }
 
 i32 Kardeno_Set_Material_Render_State_Dll(SceneMaterial* material, i32 state)
 {
-    return setMaterialState(*material, state);
+    return setMaterialState(*hostContext, *material, state);
 }
 
 i32 Kardeno_Get_Material_Render_State_Dll(const SceneMaterial* material)
@@ -61,12 +62,12 @@ void Kardeno_Set_Material_Fct_Dll(SceneMaterial* material)
 
 i32 Kardeno_Add_Face_Dll(SceneFace* face)
 {
-    return addFace(*face);
+    return addFace(*hostContext, *face);
 }
 
 void Kardeno_Release_Face_Dll(SceneFace* face)
 {
-    releaseFace(*face);
+    releaseFace(*hostContext, *face);
 }
 
 // The renderer keeps nothing for what follows.

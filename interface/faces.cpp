@@ -1,23 +1,21 @@
 #include "interface/faces.h"
 
-#include "interface/host_context.h"
-
 #include <stdlib.h>
 
 namespace kardeno {
 
-bool addFace(SceneFace& face)
+bool addFace(HostContext& context, SceneFace& face)
 {
-    face.faceColour = static_cast<u16*>(hostContext->alloc(1, sizeof(u16)));
+    face.faceColour = static_cast<u16*>(context.alloc(1, sizeof(u16)));
     if (!face.faceColour) return false;
     // Intended: 63,536. Never seeded here: a fresh process gives its faces the generator's first values in order.
     *face.faceColour = static_cast<u16>(rand() % 63536);
     return true;
 }
 
-void releaseFace(const SceneFace& face)
+void releaseFace(HostContext& context, const SceneFace& face)
 {
-    if (face.faceColour) hostContext->free(face.faceColour);
+    if (face.faceColour) context.free(face.faceColour);
 }
 
 } // namespace kardeno

@@ -2,15 +2,15 @@
 // face with, so that faces whose material has no supported mode are told apart on the screen.
 #pragma once
 
-#include "interface/host_records.h"
+#include "kardeno_soft/host_records.h"
 
 namespace kardeno {
 
 // Allocates the colour block and draws its value; false when the host gave no memory. Adding a face again loses the
 // first block.
-bool addFace(SceneFace& face);
+bool addFace(HostContext& context, SceneFace& face);
 
 // Frees the colour block, if there is one. The pointer is not cleared.
-void releaseFace(const SceneFace& face);
+void releaseFace(HostContext& context, const SceneFace& face);
 
 } // namespace kardeno

@@ -1,6 +1,6 @@
 #include "interface/materials.h"
 
-#include "interface/host_context.h"
+#include "interface/render_mode_table.h"
 #include "interface/shade_ramp.h"
 
 namespace kardeno {
@@ -24,49 +24,49 @@ u32 flagWordOf(const SceneMaterial& material)
 
 // A selection compares the whole flag word: a combination that is not listed falls to FallbackFlat.
 
-ModeRow::Index litRow(u32 flags)
+RenderModeRow litRow(u32 flags)
 {
     switch (flags) {
-    case 0: return ModeRow::LitPlain;
-    case flagTextured: return ModeRow::LitTextured;
-    case flagTextured | flagShade1: return ModeRow::LitTexturedShade1;
-    case flagHalfTransparent: return ModeRow::LitTranslucent;
-    case flagTextured | flagHalfTransparent: return ModeRow::LitTexturedTranslucent;
-    case flagTextured | flagShade1 | flagHalfTransparent: return ModeRow::LitTexturedShade1Translucent;
-    case flagTextured | flagShade2: return ModeRow::LitTexturedShade2;
-    default: return ModeRow::FallbackFlat;
+    case 0: return rowLitPlain;
+    case flagTextured: return rowLitTextured;
+    case flagTextured | flagShade1: return rowLitTexturedShade1;
+    case flagHalfTransparent: return rowLitTranslucent;
+    case flagTextured | flagHalfTransparent: return rowLitTexturedTranslucent;
+    case flagTextured | flagShade1 | flagHalfTransparent: return rowLitTexturedShade1Translucent;
+    case flagTextured | flagShade2: return rowLitTexturedShade2;
+    default: return rowFallbackFlat;
     }
 }
 
-ModeRow::Index unlitRow(u32 flags)
+RenderModeRow unlitRow(u32 flags)
 {
     switch (flags) {
-    case 0: return ModeRow::UnlitPlain;
-    case flagTextured: return ModeRow::UnlitTextured;
-    case flagTextured | flagShade1: return ModeRow::UnlitTexturedShade1;
-    case flagHalfTransparent: return ModeRow::UnlitTranslucent;
-    case flagTextured | flagHalfTransparent: return ModeRow::UnlitTexturedTranslucent;
-    case flagTextured | flagShade2: return ModeRow::UnlitTexturedShade2;
-    case flagTextured | flagShade10: return ModeRow::UnlitTexturedShade10;
-    case flagTextured | flagShade11: return ModeRow::UnlitTexturedShade11;
-    default: return ModeRow::FallbackFlat;
+    case 0: return rowUnlitPlain;
+    case flagTextured: return rowUnlitTextured;
+    case flagTextured | flagShade1: return rowUnlitTexturedShade1;
+    case flagHalfTransparent: return rowUnlitTranslucent;
+    case flagTextured | flagHalfTransparent: return rowUnlitTexturedTranslucent;
+    case flagTextured | flagShade2: return rowUnlitTexturedShade2;
+    case flagTextured | flagShade10: return rowUnlitTexturedShade10;
+    case flagTextured | flagShade11: return rowUnlitTexturedShade11;
+    default: return rowFallbackFlat;
     }
 }
 
 // Intended: only the low byte counts, of which flagTextured and flagShade2 are not looked at.
-ModeRow::Index otherRow(u32 flags)
+RenderModeRow otherRow(u32 flags)
 {
-    return flags & 0x1e ? ModeRow::FallbackBlend : ModeRow::FallbackFlat;
+    return flags & 0x1e ? rowFallbackBlend : rowFallbackFlat;
 }
 
-bool hasRamp(SceneMaterial& material)
+bool hasRamp(HostContext& context, SceneMaterial& material)
 {
-    return material.renderPrivate->shadeRamp || buildShadeRamp(material);
+    return material.renderPrivate->shadeRamp || buildShadeRamp(context, material);
 }
 
 // What a state and a flag word ask for.
 struct Selection {
-    ModeRow::Index row;
+    RenderModeRow row;
     bool needsRamp;
 };
 
@@ -77,32 +77,32 @@ Selection select(const SceneMaterial& material, i32 state)
     const bool palettised = textured && material.textureMap->image->bitsPerTexel == 8;
 
     if (state == 1 || state == 2) {
-        if (textured && !palettised) return {ModeRow::FallbackFlat, false};
+        if (textured && !palettised) return {rowFallbackFlat, false};
         return {litRow(flags), true};
     }
     if (state != 0) return {otherRow(flags), false};
-    if (palettised) return {flags == flagTextured ? ModeRow::UnlitPalettised : ModeRow::FallbackFlat, true};
+    if (palettised) return {flags == flagTextured ? rowUnlitPalettised : rowFallbackFlat, true};
     return {unlitRow(flags), false};
 }
 
 } // namespace
 
-bool addMaterial(SceneMaterial& material)
+bool addMaterial(HostContext& context, SceneMaterial& material)
 {
-    material.renderPrivate = static_cast<MaterialPrivate*>(hostContext->alloc(1, sizeof(MaterialPrivate)));
+    material.renderPrivate = static_cast<MaterialPrivate*>(context.alloc(1, sizeof(MaterialPrivate)));
     return material.renderPrivate;
 }
 
-void releaseMaterial(const SceneMaterial& material)
+void releaseMaterial(HostContext& context, const SceneMaterial& material)
 {
     if (!material.renderPrivate) return;
-    if (material.renderPrivate->shadeRamp) hostContext->free(material.renderPrivate->shadeRamp);
-    hostContext->free(material.renderPrivate);
+    if (material.renderPrivate->shadeRamp) context.free(material.renderPrivate->shadeRamp);
+    context.free(material.renderPrivate);
 }
 
-void updateMaterial(const SceneMaterial& material)
+void updateMaterial(HostContext& context, const SceneMaterial& material)
 {
-    if (material.renderPrivate && material.renderPrivate->shadeRamp) fillShadeRamp(material);
+    if (material.renderPrivate && material.renderPrivate->shadeRamp) fillShadeRamp(context, material);
 }
 
 void setMaterialFlags(SceneMaterial& material)
@@ -110,13 +110,13 @@ void setMaterialFlags(SceneMaterial& material)
     material.materialFlags->flags = flagWordOf(material);
 }
 
-bool setMaterialState(SceneMaterial& material, i32 state)
+bool setMaterialState(HostContext& context, SceneMaterial& material, i32 state)
 {
     setMaterialFlags(material);
     if (!material.renderPrivate) return false;
 
     const Selection selection = select(material, state);
-    if (selection.needsRamp && !hasRamp(material)) return false;
+    if (selection.needsRamp && !hasRamp(context, material)) return false;
 
     RenderMode& mode = RenderModeTable[selection.row];
     material.renderPrivate->mode = &mode;

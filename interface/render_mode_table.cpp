@@ -4,63 +4,76 @@
 #include "geometry/emission.h"
 #include "raster/colour_fills.h"
 #include "raster/flat_fills.h"
+#include "raster/interpolated_fills.h"
 #include "raster/shaded_fills.h"
-#include "raster/unshaded_textures.h"
+#include "raster/unlit_textures.h"
 
 namespace kardeno {
 
-constinit RenderMode RenderModeTable[ModeRow::count] = {};
+constinit RenderMode RenderModeTable[renderModeRowCount] = {};
 
 namespace {
 
 struct RowRoutines {
-    ModeRow::Index row;
     EmitRoutine emit;
     const ClipperFamily& clip;
     FillRoutine fill;
 };
 
-template <const SpanRoutines& routines, class Key = NoKey>
-constexpr FillRoutine unlit = fillTextured<UnlitValues, routines, Key>;
+// A row names its vertex format once: the clippers, and the values that the filler interpolates, follow from it.
+template <class Format, class TargetList, class Filler>
+constexpr RowRoutines faces = {emit<Format, TargetList>, clippers<Format>, Filler::template fill<Format>};
 
-template <const SpanRoutines& routines, class Key = NoKey>
-constexpr FillRoutine lit = fillTextured<LitValues, routines, Key>;
+template <class TargetList, class Filler>
+constexpr RowRoutines billboards = {emitBillboard<TargetList>, clippers<Textured>, Filler::template fill<Textured>};
+
+// A filler that interpolates nothing is the same for every format.
+template <FillRoutine routine>
+struct OneColour {
+    template <class>
+    static constexpr FillRoutine fill = routine;
+};
+
+struct Row {
+    RenderModeRow place;
+    RowRoutines routines;
+};
 
 // clang-format off
-constexpr RowRoutines rows[] = {
-    {ModeRow::FallbackFlat,                 emit<PositionsOnly, ResolvedPolygons>,    clippers<PositionsOnly>,    fillFaceColourLowByte},
-    {ModeRow::FallbackBlend,                emit<PositionsOnly, SortedPolygons>,      clippers<PositionsOnly>,    fillFaceColourHalfBlend},
-    {ModeRow::UnlitPlain,                   emit<PositionsOnly, ResolvedPolygons>,    clippers<PositionsOnly>,    fillDiffuse},
-    {ModeRow::UnlitTextured,                emit<Textured, ResolvedPolygons>,         clippers<Textured>,         unlit<textureCopy>},
-    {ModeRow::UnlitTexturedShade1,          emit<Textured, SortedPolygons>,           clippers<Textured>,         unlit<colourKeyedCopy, ColourKey>},
-    {ModeRow::UnlitTranslucent,             emit<PositionsOnly, SortedPolygons>,      clippers<PositionsOnly>,    fillDiffuseHalfBlend},
-    {ModeRow::UnlitTexturedTranslucent,     emit<Textured, SortedPolygons>,           clippers<Textured>,         unlit<textureHalfBlend>},
-    {ModeRow::UnlitTexturedShade2,          emit<Textured, SortedPolygons>,           clippers<Textured>,         unlit<textureAdd>},
-    {ModeRow::UnlitTexturedShade10,         emitBillboard<LateSortedPolygons>,        clippers<Textured>,         fillWholeOutlineAdd},
-    {ModeRow::UnlitTexturedShade11,         emitBillboard<SortedPolygons>,            clippers<Textured>,         unlit<textureAdd>},
-    {ModeRow::UnlitPalettised,              emit<Textured, ResolvedPolygons>,         clippers<Textured>,         unlit<palettisedCopy>},
-    {ModeRow::LitPlain,                     emit<Lit, ResolvedPolygons>,              clippers<Lit>,              fillShaded},
-    {ModeRow::LitTextured,                  emit<LitTextured, ResolvedPolygons>,      clippers<LitTextured>,      lit<litTexture>},
-    {ModeRow::LitTexturedShade1,            emit<LitTextured, SortedPolygons>,        clippers<LitTextured>,      lit<colourKeyedLitTexture, IndexKey>},
-    {ModeRow::LitTranslucent,               emit<Lit, SortedPolygons>,                clippers<Lit>,              fillShadedHalfBlend},
-    {ModeRow::LitTexturedTranslucent,       emit<LitTextured, SortedPolygons>,        clippers<LitTextured>,      lit<litTextureHalfBlend>},
-    {ModeRow::LitTexturedShade1Translucent, emit<LitTextured, SortedPolygons>,        clippers<LitTextured>,      lit<colourKeyedLitHalfBlend>},
-    {ModeRow::LitTexturedShade2,            emit<LitTextured, SortedPolygons>,        clippers<LitTextured>,      lit<litTextureAdd>},
-    {ModeRow::SpareA,                       emit<Coloured, ResolvedPolygons>,         clippers<Coloured>,         fillGouraud},
-    {ModeRow::SpareB,                       emit<ColouredTextured, ResolvedPolygons>, clippers<ColouredTextured>, fillTextured<ColouredTextureValues, colourScaledTexture>},
+constexpr Row rows[] = {
+    {rowFallbackFlat,                 faces<PositionsOnly, ResolvedPolygons, OneColour<fillFaceColourLowByte>>},
+    {rowFallbackBlend,                faces<PositionsOnly, SortedPolygons, OneColour<fillFaceColourHalfBlend>>},
+    {rowUnlitPlain,                   faces<PositionsOnly, ResolvedPolygons, OneColour<fillDiffuse>>},
+    {rowUnlitTextured,                faces<Textured, ResolvedPolygons, TexturedSpans<textureCopy>>},
+    {rowUnlitTexturedShade1,          faces<Textured, SortedPolygons, TexturedSpans<colourKeyedCopy>>},
+    {rowUnlitTranslucent,             faces<PositionsOnly, SortedPolygons, OneColour<fillDiffuseHalfBlend>>},
+    {rowUnlitTexturedTranslucent,     faces<Textured, SortedPolygons, TexturedSpans<textureHalfBlend>>},
+    {rowUnlitTexturedShade2,          faces<Textured, SortedPolygons, TexturedSpans<textureAdd>>},
+    {rowUnlitTexturedShade10,         billboards<LateSortedPolygons, TexturedOutline<wholeOutlineAdd>>},
+    {rowUnlitTexturedShade11,         billboards<SortedPolygons, TexturedSpans<textureAdd>>},
+    {rowUnlitPalettised,              faces<Textured, ResolvedPolygons, TexturedSpans<palettisedCopy>>},
+    {rowLitPlain,                     faces<Lit, ResolvedPolygons, PlainSpans<shadedCopy>>},
+    {rowLitTextured,                  faces<LitTextured, ResolvedPolygons, TexturedSpans<litTexture>>},
+    {rowLitTexturedShade1,            faces<LitTextured, SortedPolygons, TexturedSpans<colourKeyedLitTexture>>},
+    {rowLitTranslucent,               faces<Lit, SortedPolygons, PlainSpans<shadedHalfBlend>>},
+    {rowLitTexturedTranslucent,       faces<LitTextured, SortedPolygons, TexturedSpans<litTextureHalfBlend>>},
+    {rowLitTexturedShade1Translucent, faces<LitTextured, SortedPolygons, TexturedSpans<colourKeyedLitHalfBlend>>},
+    {rowLitTexturedShade2,            faces<LitTextured, SortedPolygons, TexturedSpans<litTextureAdd>>},
+    {rowSpareA,                       faces<Coloured, ResolvedPolygons, PlainSpans<gouraudColour>>},
+    {rowSpareB,                       faces<ColouredTextured, ResolvedPolygons, TexturedSpans<colourScaledTexture>>},
 };
 // clang-format on
-static_assert(sizeof(rows) / sizeof(rows[0]) == ModeRow::count);
+static_assert(sizeof(rows) / sizeof(rows[0]) == renderModeRowCount);
 
 } // namespace
 
 void fillRenderModeTable()
 {
-    for (const RowRoutines& routines : rows) {
-        RenderMode& mode = RenderModeTable[routines.row];
-        mode.emit = routines.emit;
-        mode.clip = routines.clip;
-        mode.fill = routines.fill;
+    for (const Row& row : rows) {
+        RenderMode& mode = RenderModeTable[row.place];
+        mode.emit = row.routines.emit;
+        mode.clip = row.routines.clip;
+        mode.fill = row.routines.fill;
     }
 }
 

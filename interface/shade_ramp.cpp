@@ -1,5 +1,6 @@
 #include "interface/shade_ramp.h"
 
+#include "host/pixel_format.h"
 #include "support/arithmetic.h"
 
 namespace kardeno {
@@ -67,11 +68,9 @@ u32 clamped(i32 channel)
 
 RampEntry packed(PixelFormat format, i32 red, i32 green, i32 blue)
 {
-    const u32 r = clamped(red) & 0xf8;
-    const u32 g = clamped(green);
-    const u32 b = clamped(blue) >> 3;
-    const u32 pixel = format == rgb565 ? r << 8 | (g & 0xfc) << 3 | b : r << 7 | (g & 0xf8) << 2 | b;
-    return pixel << 16;
+    const PixelLayout& pixel = pixelLayouts[format];
+    return (pixel.red.packed(clamped(red)) | pixel.green.packed(clamped(green)) | pixel.blue.packed(clamped(blue)))
+           << 16;
 }
 
 void fillPlainRamp(const SceneMaterial& material, PixelFormat format)
@@ -106,19 +105,19 @@ void fillTexturedRamp(const SceneMaterial& material, PixelFormat format)
 
 } // namespace
 
-bool buildShadeRamp(SceneMaterial& material)
+bool buildShadeRamp(HostContext& context, SceneMaterial& material)
 {
     const bool textured = material.materialFlags->flags & flagTextured;
     const u32 entries = textured ? rampLevels * paletteSize : rampLevels;
-    material.renderPrivate->shadeRamp = static_cast<RampEntry*>(hostContext->alloc(entries, sizeof(RampEntry)));
+    material.renderPrivate->shadeRamp = static_cast<RampEntry*>(context.alloc(entries, sizeof(RampEntry)));
     if (!material.renderPrivate->shadeRamp) return false;
-    fillShadeRamp(material);
+    fillShadeRamp(context, material);
     return true;
 }
 
-void fillShadeRamp(const SceneMaterial& material)
+void fillShadeRamp(const HostContext& context, const SceneMaterial& material)
 {
-    const PixelFormat format = tableFormat(*hostContext);
+    const PixelFormat format = tableFormat(context);
     // A texture map that was taken away since the flag word was formed has no palette to fill from.
     if ((material.materialFlags->flags & flagTextured) && material.textureMap)
         fillTexturedRamp(material, format);

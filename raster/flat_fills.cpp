@@ -1,5 +1,6 @@
 #include "raster/flat_fills.h"
 
+#include "host/host_context.h"
 #include "raster/pixel_blends.h"
 #include "raster/span_walk.h"
 
@@ -21,10 +22,9 @@ void blendColour(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, u16 
 
 void halfBlendColour(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, u16 colour)
 {
-    if (fillerFormat(*hostContext) == rgb555)
-        blendColour<HalfBlend<Rgb555>>(polygon, frameBuffer, pitch, colour);
-    else
-        blendColour<HalfBlend<Rgb565>>(polygon, frameBuffer, pitch, colour);
+    constexpr decltype(&blendColour<Replace>) routines[pixelFormatCount] = {blendColour<HalfBlend<rgb555>>,
+                                                                            blendColour<HalfBlend<rgb565>>};
+    routines[fillerFormat(*hostContext)](polygon, frameBuffer, pitch, colour);
 }
 
 } // namespace

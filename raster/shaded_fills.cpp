@@ -1,26 +1,36 @@
 #include "raster/shaded_fills.h"
 
+#include "raster/textured_spans.h"
+
 namespace kardeno {
 
 namespace {
 
-void fillWith(SpanRoutine routine, const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch)
+// Untextured spans: the ramp's colour at each pixel's level.
+template <class Blend>
+void drawShadedSpan(SpanGradients* span, u16* pixels)
 {
-    SpanGradients span;
-    span.ramp = polygon.material->renderPrivate->shadeRamp;
-    fillSpans<ShadedValues>(polygon, frameBuffer, pitch, routine, span);
+    const RampEntry* const ramp = span->ramp;
+    SubdividedShade shade(*span);
+    drawInBlocks(*span, shade, [&](i32 count) {
+        for (; count > 0; --count, ++pixels) {
+            const u32 level = static_cast<u32>(shade.at[0] >> 8) & (rampLevels - 1);
+            *pixels = Blend::over(*pixels, static_cast<u16>(ramp[level] >> 16));
+            shade.nextPixel();
+        }
+    });
 }
 
 } // namespace
 
-void fillShaded(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
-{
-    fillWith(drawShadedSpan<Replace>, *polygon, frameBuffer, pitch);
-}
+constinit const TexturedSpanRoutines litTexture = copied<Rounding, LitTexel, Opaque>;
+constinit const TexturedSpanRoutines colourKeyedLitTexture = copied<Rounding, LitTexel, IndexKeyed>;
+constinit const TexturedSpanRoutines litTextureHalfBlend = blended<Rounding, LitTexel, Opaque, HalfBlend>;
+constinit const TexturedSpanRoutines colourKeyedLitHalfBlend = blended<Truncating, LitTexel, IndexZeroKeyed, HalfBlend>;
+constinit const TexturedSpanRoutines litTextureAdd = blended<Truncating, LitTexel, Opaque, SaturatingAdd>;
 
-void fillShadedHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
-{
-    fillWith(shadedHalfBlend[fillerFormat(*hostContext)], *polygon, frameBuffer, pitch);
-}
+constinit const PlainSpanRoutines shadedCopy = {drawShadedSpan<Replace>, drawShadedSpan<Replace>};
+constinit const PlainSpanRoutines shadedHalfBlend = {drawShadedSpan<HalfBlend<rgb555>>,
+                                                     drawShadedSpan<HalfBlend<rgb565>>};
 
 } // namespace kardeno

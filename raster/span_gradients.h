@@ -2,7 +2,7 @@
 // change along the row.
 #pragma once
 
-#include "interface/render_modes.h"
+#include "host/render_modes.h"
 
 namespace kardeno {
 

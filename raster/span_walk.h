@@ -1,17 +1,13 @@
 // The span walk that all fillers share, and the scanline set-up of the interpolating ones.
 #pragma once
 
-#include "raster/outline_walk.h"
+#include "raster/edge_walking.h"
 #include "spanbuffer/span_pool.h"
 
 namespace kardeno {
 
-// The columns and rows that may be written: the truncated rectangle of the frame's view, right and bottom excluded. Set
-// by the frame driver; spans lie inside it already, a filler that draws its whole outline cuts itself to it.
-struct DrawnRectangle {
-    i32 left, top, right, bottom;
-};
-
+// The pixels that may be written, for fillers alone, whose signature has no place for it; the frame driver sets it. Spans
+// lie inside it already, a filler that draws its whole outline cuts itself to it.
 extern DrawnRectangle drawnRectangle;
 
 inline u16* pixelAt(u16* frameBuffer, u32 pitch, i32 x, i32 y)
@@ -51,7 +47,7 @@ template <class Values>
 void fillSpans(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, SpanRoutine routine, SpanGradients& span)
 {
     if (polygon.spanHead == -1) return;
-    walkOutline<Values>(polygon);
+    walkEdges<Values>(polygon);
 
     const Span* previous = nullptr;
     forEachSpan(polygon, [&](const Span& visible) {

@@ -1,15 +1,15 @@
 // Texel addressing: how 8.8 coordinates become an index into an image's texels.
 #pragma once
 
-#include "interface/host_records.h"
-#include "raster/perspective_walk.h"
+#include "kardeno_soft/host_records.h"
+#include "raster/perspective_subdivision.h"
 
 namespace kardeno {
 
 // Any width and height that are powers of two. The combined index wraps, not each coordinate: past the right edge comes
 // the next row.
 struct AnyMap {
-    using Walk = TextureWalk<Truncating>;
+    using Coordinates = SubdividedTexture<Truncating>;
 
     u32 rowShift;
     u32 indexMask;
@@ -22,10 +22,10 @@ struct AnyMap {
 
 // A 256 x 256 map: each coordinate wraps by itself.
 template <class Conversion>
-struct SquareMap {
-    using Walk = TextureWalk<Conversion>;
+struct Map256x256 {
+    using Coordinates = SubdividedTexture<Conversion>;
 
-    explicit SquareMap(const TextureImage&) {}
+    explicit Map256x256(const TextureImage&) {}
     u32 indexOf(i32 u, i32 v) const { return static_cast<u32>(v & 0xff00) | (static_cast<u32>(u >> 8) & 0xff); }
 };
 

@@ -1,13 +1,13 @@
-// A textured span is four choices, each a small policy:
+// The inner routines of textured spans. Each is four choices, each a small policy:
 //   Map     how the map is addressed, and how its coordinates are rounded
 //   Colour  what colour a texel is; it may carry a value along the span
-//   Key     which texels stay undrawn
+//   Key     which texels stay undrawn, and which field of the material's map tells them
 //   Blend   how the colour meets the pixel
-// A routine is taken from a table once a polygon: no span asks what kind of map or frame buffer it has.
+// Only the files that define a family's table need this header; who calls a filler needs textured_fills.h.
 #pragma once
 
 #include "raster/pixel_blends.h"
-#include "raster/span_walk.h"
+#include "raster/span_routines.h"
 #include "raster/texture_maps.h"
 
 namespace kardeno {
@@ -42,12 +42,19 @@ struct LitTexel {
 
 // Keys. A hidden pixel is left as it was; the coordinates move on all the same.
 struct Opaque {
+    static u32 keyOf(const TextureMap&) { return 0; }
     static bool hides(const SpanGradients&, u32) { return false; }
 };
-struct KeyedOut {
+struct ColourKeyed {
+    static u32 keyOf(const TextureMap& map) { return map.transparentColour; }
     static bool hides(const SpanGradients& span, u32 texel) { return texel == span.key; }
 };
-struct IndexZeroKeyedOut {
+struct IndexKeyed {
+    static u32 keyOf(const TextureMap& map) { return map.transparentIndex; }
+    static bool hides(const SpanGradients& span, u32 texel) { return texel == span.key; }
+};
+struct IndexZeroKeyed {
+    static u32 keyOf(const TextureMap&) { return 0; }
     static bool hides(const SpanGradients&, u32 texel) { return texel == 0; }
 };
 
@@ -58,77 +65,34 @@ void drawTexturedSpan(SpanGradients* span, u16* pixels)
     const Texel* const texels = texelsOf<Texel>(*span->texture);
     const Map map(*span->texture);
     Colour colour(*span);
-    typename Map::Walk walk(*span);
+    typename Map::Coordinates uv(*span);
 
-    drawInBlocks(*span, walk, [&](i32 count) {
+    drawInBlocks(*span, uv, [&](i32 count) {
         for (; count > 0; --count, ++pixels) {
-            const u32 texel = texels[map.indexOf(walk.at[0], walk.at[1])];
+            const u32 texel = texels[map.indexOf(uv.at[0], uv.at[1])];
             if (!Key::hides(*span, texel)) *pixels = Blend::over(*pixels, colour.of(texel));
-            walk.nextPixel();
+            uv.nextPixel();
             colour.nextPixel();
         }
     });
 }
 
-// The inner routines of one filler: for any map and for a 256 x 256 one, in both pixel formats. Fillers that do not blend
-// have the same routine for both.
-struct SpanRoutines {
-    SpanRoutine anyMap[pixelFormatCount];
-    SpanRoutine squareMap[pixelFormatCount];
-
-    SpanRoutine choose(const TextureImage& image, PixelFormat format) const
-    {
-        return image.is256x256 ? squareMap[format] : anyMap[format];
-    }
-};
-
+// The table of a filler that does not blend: the same routine for both pixel formats.
 template <class Conversion, class Colour, class Key>
-inline constexpr SpanRoutines copied = {
+inline constexpr TexturedSpanRoutines copied = {
     .anyMap = {drawTexturedSpan<AnyMap, Colour, Key, Replace>, drawTexturedSpan<AnyMap, Colour, Key, Replace>},
-    .squareMap = {drawTexturedSpan<SquareMap<Conversion>, Colour, Key, Replace>,
-                  drawTexturedSpan<SquareMap<Conversion>, Colour, Key, Replace>},
+    .map256x256 = {drawTexturedSpan<Map256x256<Conversion>, Colour, Key, Replace>,
+                   drawTexturedSpan<Map256x256<Conversion>, Colour, Key, Replace>},
+    .keyOf = Key::keyOf,
 };
 
-template <class Conversion, class Colour, class Key, template <class> class Blend>
-inline constexpr SpanRoutines blended = {
-    .anyMap = {drawTexturedSpan<AnyMap, Colour, Key, Blend<Rgb555>>,
-               drawTexturedSpan<AnyMap, Colour, Key, Blend<Rgb565>>},
-    .squareMap = {drawTexturedSpan<SquareMap<Conversion>, Colour, Key, Blend<Rgb555>>,
-                  drawTexturedSpan<SquareMap<Conversion>, Colour, Key, Blend<Rgb565>>},
+template <class Conversion, class Colour, class Key, template <PixelFormat> class Blend>
+inline constexpr TexturedSpanRoutines blended = {
+    .anyMap = {drawTexturedSpan<AnyMap, Colour, Key, Blend<rgb555>>,
+               drawTexturedSpan<AnyMap, Colour, Key, Blend<rgb565>>},
+    .map256x256 = {drawTexturedSpan<Map256x256<Conversion>, Colour, Key, Blend<rgb555>>,
+                   drawTexturedSpan<Map256x256<Conversion>, Colour, Key, Blend<rgb565>>},
+    .keyOf = Key::keyOf,
 };
-
-// Which field of the map a filler's key is.
-struct NoKey {
-    static u32 of(const TextureMap&) { return 0; }
-};
-struct ColourKey {
-    static u32 of(const TextureMap& map) { return map.transparentColour; }
-};
-struct IndexKey {
-    static u32 of(const TextureMap& map) { return map.transparentIndex; }
-};
-
-using UnlitValues = List<SpanInvDepth, SpanTexU, SpanTexV>;
-using LitValues = List<SpanInvDepth, SpanTexU, SpanTexV, SpanShadeOnScreen>;
-
-// What the material gives to every span of a polygon.
-template <class Key>
-SpanGradients texturedSpan(const SceneMaterial& material)
-{
-    SpanGradients span; // the set-up of each row fills in the rest
-    span.texture = material.textureMap->image;
-    span.ramp = material.renderPrivate->shadeRamp;
-    span.key = Key::of(*material.textureMap);
-    return span;
-}
-
-// The span filler of one set of inner routines.
-template <class Values, const SpanRoutines& routines, class Key = NoKey>
-void fillTextured(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
-{
-    SpanGradients span = texturedSpan<Key>(*polygon->material);
-    const SpanRoutine routine = routines.choose(*span.texture, fillerFormat(*hostContext));
-    fillSpans<Values>(*polygon, frameBuffer, pitch, routine, span);
-}
 
 } // namespace kardeno

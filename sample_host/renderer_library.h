@@ -2,7 +2,7 @@
 // by their names. Nothing here is linked with the library; the public header only gives the functions' types.
 #pragma once
 
-#include "interface/kardeno_soft.h"
+#include "kardeno_soft/kardeno_soft.h"
 
 #include <string>
 

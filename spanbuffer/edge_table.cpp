@@ -1,6 +1,5 @@
 #include "spanbuffer/edge_table.h"
 
-#include "interface/host_context.h"
 #include "support/arithmetic.h"
 
 namespace kardeno {
@@ -15,25 +14,25 @@ namespace {
 
 constexpr f64 fixedOne = 65536.0;
 
-i32 columnToFixed(f32 column)
+i32 columnToFixed(i32 column)
 {
-    return wrappingShiftLeft(truncated(column), 16);
+    return wrappingShiftLeft(column, 16);
 }
 
-Filing growEdgePool()
+EdgePass growEdgePool(HostContext& context)
 {
     EdgePool.capacity += edgePoolGrowth;
     const u32 bytes = static_cast<u32>(EdgePool.capacity) * u32{sizeof(ScanEdge)};
-    void* const block = hostContext->realloc(EdgePool.edges, bytes);
+    void* const block = context.realloc(EdgePool.edges, bytes);
     if (!block) {
         EdgePool.capacity -= edgePoolGrowth;
-        return Filing::poolRefused;
+        return EdgePass::poolRefused;
     }
     EdgePool.edges = static_cast<ScanEdge*>(block);
-    return Filing::poolGrew;
+    return EdgePass::poolGrew;
 }
 
-// Before the first edge whose x is not smaller: of two edges with the same x, the one filed later comes first.
+// Before the first edge whose x is not smaller: of two edges with the same x, the one added later comes first.
 void insertByX(ScanEdge& head, ScanEdge& edge)
 {
     ScanEdge* before = &head;
@@ -42,8 +41,8 @@ void insertByX(ScanEdge& head, ScanEdge& edge)
     before->next = &edge;
 }
 
-// Files one side, from (xa, ya) to (xb, yb). A side that covers no row of the view takes no record.
-void fileSide(ScreenPolygon* polygon, f32 xa, i32 ya, f32 xb, i32 yb, i32 firstRow, i32 rowsEnd)
+// Adds one side, from (xa, ya) to (xb, yb). A side that covers no row of the rectangle takes no record.
+void addSide(const DrawnRectangle& drawn, ScreenPolygon* polygon, f32 xa, i32 ya, f32 xb, i32 yb)
 {
     const i32 dy = wrappingDifference(yb, ya);
     if (dy == 0) return;
@@ -51,8 +50,8 @@ void fileSide(ScreenPolygon* polygon, f32 xa, i32 ya, f32 xb, i32 yb, i32 firstR
     const bool down = dy > 0;
     const i32 top = down ? ya : yb;
     const i32 bottom = down ? yb : ya;
-    const i32 start = top < firstRow ? firstRow : top;
-    const i32 end = bottom > rowsEnd ? rowsEnd : bottom;
+    const i32 start = top < drawn.top ? drawn.top : top;
+    const i32 end = bottom > drawn.bottom ? drawn.bottom : bottom;
     if (start >= end) return;
 
     ScanEdge& edge = EdgePool.edges[EdgePool.count];
@@ -70,16 +69,16 @@ void fileSide(ScreenPolygon* polygon, f32 xa, i32 ya, f32 xb, i32 yb, i32 firstR
 
 } // namespace
 
-void setGuardEdges(const RenderView& view, ScreenPolygon* background)
+void setGuardEdges(const DrawnRectangle& drawn, ScreenPolygon* background)
 {
-    LeftGuardEdge.x = wrappingDifference(columnToFixed(view.left), 65536);
+    LeftGuardEdge.x = wrappingDifference(columnToFixed(drawn.left), 65536);
     LeftGuardEdge.xStep = 0;
     LeftGuardEdge.entering = 1;
     LeftGuardEdge.next = &RightGuardEdge;
     LeftGuardEdge.prev = nullptr;
     LeftGuardEdge.polygon = background;
 
-    RightGuardEdge.x = columnToFixed(view.projection->right);
+    RightGuardEdge.x = columnToFixed(drawn.right);
     RightGuardEdge.xStep = 0;
     RightGuardEdge.entering = 0;
     RightGuardEdge.next = nullptr;
@@ -87,29 +86,25 @@ void setGuardEdges(const RenderView& view, ScreenPolygon* background)
     RightGuardEdge.polygon = background;
 }
 
-void ResetEdgeTable(const RenderView* view)
+void ResetEdgeTable(const DrawnRectangle& drawn)
 {
     EdgePool.count = 0;
-    for (i32 y = truncated(view->top); static_cast<f64>(y) < view->projection->bottom; ++y) {
+    for (i32 y = drawn.top; y < drawn.bottom; ++y) {
         EdgeStartTable[y].next = &RightGuardEdge;
         EdgeEndTable[y] = nullptr;
     }
 }
 
-Filing AddPolygonEdges(const RenderView* view, ScreenPolygon* polygon)
+EdgePass AddPolygonEdges(HostContext& context, const DrawnRectangle& drawn, ScreenPolygon* polygon)
 {
-    const i32 firstRow = truncated(view->top);
-    const i32 rowsEnd = truncated(view->projection->bottom);
     const i32 count = polygon->vertexCount;
-
     for (i32 a = 0; a < count; ++a) {
         // Intended: room is asked for before the side is looked at, horizontal or not.
-        if (EdgePool.count >= EdgePool.capacity) return growEdgePool();
+        if (EdgePool.count >= EdgePool.capacity) return growEdgePool(context);
         const i32 b = a + 1 < count ? a + 1 : 0;
-        fileSide(polygon, polygon->screenX[a], polygon->scanY[a], polygon->screenX[b], polygon->scanY[b], firstRow,
-                 rowsEnd);
+        addSide(drawn, polygon, polygon->screenX[a], polygon->scanY[a], polygon->screenX[b], polygon->scanY[b]);
     }
-    return Filing::done;
+    return EdgePass::done;
 }
 
 } // namespace kardeno

@@ -1,4 +1,4 @@
-// The edge table: every side of the frame's polygons, filed under the first scanline that it crosses, sorted by x, and
+// The edge table: every side of the frame's polygons, listed under the first scanline that it crosses, sorted by x, and
 // under the last. The scanline resolver merges a row's new edges into its active list and drops those that end there.
 //
 //   row list of y:   EdgeStartTable[y].next -> edge -> edge -> RightGuardEdge      ascending x, linked by next
@@ -9,10 +9,10 @@
 #pragma once
 
 #include "geometry/screen_polygon.h"
+#include "host/drawn_rectangle.h"
 
 namespace kardeno {
 
-inline constexpr i32 scanlineCount = 4096;
 inline constexpr i32 edgePoolGrowth = 4096;
 
 // One side of a polygon. x and xStep are 16.16 fixed point.
@@ -26,10 +26,18 @@ struct ScanEdge {
     ScreenPolygon* polygon;
     u32 reserved;
 };
-static_assert(sizeof(ScanEdge) == 32);
+KARDENO_SIZE(ScanEdge, 32, 56);
+KARDENO_OFFSET(ScanEdge, x, 0, 0);
+KARDENO_OFFSET(ScanEdge, xStep, 4, 4);
+KARDENO_OFFSET(ScanEdge, entering, 8, 8);
+KARDENO_OFFSET(ScanEdge, next, 12, 16);
+KARDENO_OFFSET(ScanEdge, prev, 16, 24);
+KARDENO_OFFSET(ScanEdge, nextEnding, 20, 32);
+KARDENO_OFFSET(ScanEdge, polygon, 24, 40);
+KARDENO_OFFSET(ScanEdge, reserved, 28, 48);
 
 struct EdgePoolRecord {
-    ScanEdge* edges; // null before the first frame that files a polygon
+    ScanEdge* edges; // null before the first frame that has a polygon
     i32 count;
     i32 capacity;
 };
@@ -44,18 +52,19 @@ extern ScanEdge LeftGuardEdge;
 extern ScanEdge RightGuardEdge;
 
 // Sets the guards for a frame: one pixel left of the rectangle, and at its right edge.
-void setGuardEdges(const RenderView& view, ScreenPolygon* background);
+void setGuardEdges(const DrawnRectangle& drawn, ScreenPolygon* background);
 
-// Empties the pool, and the lists of every row of the view.
-void ResetEdgeTable(const RenderView* view);
+// Empties the pool, and the lists of every row of the rectangle.
+void ResetEdgeTable(const DrawnRectangle& drawn);
 
-enum class Filing : i32 {
+// How adding a polygon's edges ended.
+enum class EdgePass : i32 {
     done = 0,
-    poolGrew = 1,   // nothing more was filed: begin the edge pass again
+    poolGrew = 1,   // nothing more was added: begin the edge pass again
     poolRefused = 2 // the host gave no memory: abandon the frame
 };
 
-// Files every side of one polygon. Sides are cut to the rows of the view.
-Filing AddPolygonEdges(const RenderView* view, ScreenPolygon* polygon);
+// Puts every side of one polygon into the table. Sides are cut to the rows of the rectangle.
+EdgePass AddPolygonEdges(HostContext& context, const DrawnRectangle& drawn, ScreenPolygon* polygon);
 
 } // namespace kardeno

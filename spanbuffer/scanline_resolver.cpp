@@ -12,9 +12,9 @@ namespace {
 
 // Where the walk stands. `memory` turns false when a span could not be stored.
 struct RowWalk {
+    HostContext& context;
+    const DrawnRectangle& drawn;
     const ScanlineTables& tables;
-    i32 leftColumn;
-    i32 rightColumn;
     i32 row;
     f32 y;
     bool memory;
@@ -28,9 +28,9 @@ i32 columnOf(i32 fixedX)
 // Ends the polygon's visible run at a column. What lies outside the drawn rectangle is cut off.
 void closeRun(RowWalk& walk, ScreenPolygon& polygon, i32 column)
 {
-    const i32 x = polygon.engineWord < walk.leftColumn ? walk.leftColumn : polygon.engineWord;
-    const i32 xEnd = column > walk.rightColumn ? walk.rightColumn : column;
-    if (!appendSpan(polygon, x, xEnd, walk.row)) walk.memory = false;
+    const i32 x = polygon.engineWord < walk.drawn.left ? walk.drawn.left : polygon.engineWord;
+    const i32 xEnd = column > walk.drawn.right ? walk.drawn.right : column;
+    if (!appendSpan(walk.context, polygon, x, xEnd, walk.row)) walk.memory = false;
 }
 
 void openRun(ScreenPolygon& polygon, i32 column)
@@ -110,11 +110,11 @@ void mergeStartingEdges(const ScanlineTables& tables, i32 row)
 }
 
 // Enters and leaves polygons along the row. The right guard closes the background's run.
-void walkEdges(RowWalk& walk)
+void walkActiveEdges(RowWalk& walk)
 {
     ScreenPolygon& background = *walk.tables.background;
     background.activeCount = 1;
-    background.engineWord = walk.leftColumn;
+    background.engineWord = walk.drawn.left;
 
     for (ScanEdge* edge = walk.tables.leftGuard->next; edge; edge = edge->next) {
         ScreenPolygon& polygon = *edge->polygon;
@@ -180,19 +180,19 @@ void setStackEnds()
     setEnd(StackTopPolygon, StackTopPolygon, BackgroundPolygon, 0);
 }
 
-void ResolveScanlines(const RenderView* view, const ScanlineTables& tables)
+void ResolveScanlines(HostContext& context, const DrawnRectangle& drawn, f32 firstY, const ScanlineTables& tables)
 {
     RowWalk walk = {
+        .context = context,
+        .drawn = drawn,
         .tables = tables,
-        .leftColumn = truncated(view->left),
-        .rightColumn = truncated(view->projection->right),
-        .row = truncated(view->top),
-        .y = view->top,
+        .row = drawn.top,
+        .y = firstY,
         .memory = true,
     };
-    for (; walk.row < truncated(view->projection->bottom); ++walk.row) {
+    for (; walk.row < drawn.bottom; ++walk.row) {
         mergeStartingEdges(tables, walk.row);
-        walkEdges(walk);
+        walkActiveEdges(walk);
         if (!walk.memory) return;
         dropEndingEdges(tables, walk.row);
         stepEdges(tables);

@@ -22,21 +22,19 @@ inline constexpr f32 emptyDepth = -1000000.0f;
 // Sets both for a frame: an empty stack.
 void setStackEnds();
 
-// The tables and sentinels that a frame is resolved with. The edge pool's base and the frame buffer are passed on and
-// not used.
+// The tables and sentinels that a frame is resolved with.
 struct ScanlineTables {
     ScanEdge* edgeStartTable;
-    ScanEdge* edgePool;
     ScanEdge* const* edgeEndTable;
     ScanEdge* leftGuard;
     ScanEdge* rightGuard;
     ScreenPolygon* stackTop;
     ScreenPolygon* background;
-    u16* frameBuffer;
 };
 
-// Resolves every row of the view into spans. Needs a complete edge pass and an emptied span pool. When the span pool
-// cannot grow the rest of the frame stays unresolved, and the caller is not told.
-void ResolveScanlines(const RenderView* view, const ScanlineTables& tables);
+// Resolves every row of the rectangle into spans. `firstY` is where on the screen the first row is taken to lie, the
+// view's own `top` with its fraction: depths are compared there and at whole steps below. Needs a complete edge pass and
+// an emptied span pool. When the span pool cannot grow the rest of the frame stays unresolved, and the caller is not told.
+void ResolveScanlines(HostContext& context, const DrawnRectangle& drawn, f32 firstY, const ScanlineTables& tables);
 
 } // namespace kardeno

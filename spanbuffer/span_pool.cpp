@@ -1,18 +1,16 @@
 #include "spanbuffer/span_pool.h"
 
-#include "interface/host_context.h"
-
 namespace kardeno {
 
 constinit SpanPoolRecord SpanPool = {};
 
 namespace {
 
-bool growSpanPool()
+bool growSpanPool(HostContext& context)
 {
     SpanPool.capacity += spanPoolGrowth;
     const u32 bytes = static_cast<u32>(SpanPool.capacity) * u32{sizeof(Span)};
-    void* const block = hostContext->realloc(SpanPool.spans, bytes);
+    void* const block = context.realloc(SpanPool.spans, bytes);
     if (!block) {
         // Intended: the capacity stays raised and the stored base moves back by one step's bytes; the edge pool recovers
         // in another way. The spans made so far stay where `held` says.
@@ -35,10 +33,10 @@ void resetSpanPool()
     SpanPool.count = 0;
 }
 
-bool appendSpan(ScreenPolygon& polygon, i32 x, i32 xEnd, i32 y)
+bool appendSpan(HostContext& context, ScreenPolygon& polygon, i32 x, i32 xEnd, i32 y)
 {
     if (x >= xEnd) return true;
-    if (SpanPool.count >= SpanPool.capacity && !growSpanPool()) return false;
+    if (SpanPool.count >= SpanPool.capacity && !growSpanPool(context)) return false;
     SpanPool.spans[SpanPool.count] = {.x = x, .length = xEnd - x, .y = y, .next = polygon.spanHead};
     polygon.spanHead = SpanPool.count;
     ++SpanPool.count;

@@ -15,7 +15,11 @@ struct Span {
     i32 y;      // row
     i32 next;   // index of the polygon's next span; -1 ends the list
 };
-static_assert(sizeof(Span) == 16);
+KARDENO_SIZE(Span, 16, 16);
+KARDENO_OFFSET(Span, x, 0, 0);
+KARDENO_OFFSET(Span, length, 4, 4);
+KARDENO_OFFSET(Span, y, 8, 8);
+KARDENO_OFFSET(Span, next, 12, 12);
 
 // Stored and held values differ only in a frame whose growth was refused: see appendSpan.
 struct SpanPoolRecord {
@@ -34,6 +38,6 @@ void resetSpanPool();
 
 // Puts the run of columns x up to, not including, xEnd on row y at the front of the polygon's list. A run of no length
 // makes no span. False when the pool had to grow and the host refused.
-bool appendSpan(ScreenPolygon& polygon, i32 x, i32 xEnd, i32 y);
+bool appendSpan(HostContext& context, ScreenPolygon& polygon, i32 x, i32 xEnd, i32 y);
 
 } // namespace kardeno

@@ -3,8 +3,8 @@
 // same pixels on every build.
 #pragma once
 
+#include "kardeno_soft/types.h"
 #include "support/arithmetic_sse2.h"
-#include "support/types.h"
 
 #include <bit>
 
@@ -43,11 +43,13 @@ inline i32 rounded(f64 value)
     return static_cast<i32>(static_cast<u32>(std::bit_cast<unsigned long long>(shifted)));
 }
 
-// The one rounding of a formula, where it is stored.
+// The one rounding of a formula, where it is stored. A formula of f32 operands alone has been rounded at every step
+// already: it is turned away, and one of its operands has to be made an f64.
 constexpr f32 stored(f64 value)
 {
     return static_cast<f32>(value);
 }
+f32 stored(f32 roundedAlready) = delete;
 
 // Integer sums, differences, products and left shifts wrap modulo 2^32.
 constexpr i32 wrappingSum(i32 a, i32 b)

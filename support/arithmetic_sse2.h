@@ -2,7 +2,7 @@
 // -2,147,483,648, is the very rule of this renderer, so that no range test is needed around it.
 #pragma once
 
-#include "support/types.h"
+#include "kardeno_soft/types.h"
 
 #if defined(__SSE2__)
 #include <emmintrin.h>

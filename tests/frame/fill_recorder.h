@@ -3,7 +3,7 @@
 #pragma once
 
 #include "geometry/screen_polygon.h"
-#include "interface/render_modes.h"
+#include "host/render_modes.h"
 #include "tests/support/test_scene.h"
 
 namespace kardeno::tests {

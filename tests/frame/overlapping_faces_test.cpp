@@ -46,8 +46,8 @@ TEST_CASE("an opaque face hides the part of a farther one that lies behind it")
     Strip strip;
     strip.add(0, 0x1111, columns(2, 10, 4));
     strip.add(0, 0x2222, columns(6, 14, 2));
-    strip.drawsRows({o, o, 0x1111, 0x1111, 0x1111, 0x1111, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222,
-                     0x2222, o, o});
+    strip.drawsRows(
+        {o, o, 0x1111, 0x1111, 0x1111, 0x1111, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, o, o});
 }
 
 TEST_CASE("a see-through face blends over an opaque one, which hides the see-through one behind it")
@@ -68,8 +68,8 @@ TEST_CASE("of two faces at the same depth the one entered second lies in front")
     Strip strip;
     strip.add(0, 0x1111, columns(2, 10, 2));
     strip.add(0, 0x2222, columns(6, 14, 2));
-    strip.drawsRows({o, o, 0x1111, 0x1111, 0x1111, 0x1111, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222,
-                     0x2222, o, o});
+    strip.drawsRows(
+        {o, o, 0x1111, 0x1111, 0x1111, 0x1111, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, 0x2222, o, o});
 }
 
 TEST_CASE("of two equal faces the one filed first lies in front: its edge comes second")

@@ -26,7 +26,7 @@ constexpr u32 insideAll = outcodeAll;
 
 // Planes whose inside lies below their bound.
 template <class Plane>
-constexpr bool isUpper = (Plane::insideBit & (outcodeFar | outcodeRight | outcodeBottom)) != 0;
+constexpr bool isUpper = (Plane::outcodeBit & (outcodeFar | outcodeRight | outcodeBottom)) != 0;
 
 // What a format carries beside the position, told once more and in another way than the library tells it.
 template <class Format, class Array>
@@ -44,18 +44,18 @@ bool carries()
 template <class Plane, class Array>
 bool positionCarried()
 {
-    constexpr bool inCamera = (Plane::insideBit & (outcodeNear | outcodeFar)) != 0;
+    constexpr bool inCamera = (Plane::outcodeBit & (outcodeNear | outcodeFar)) != 0;
     if (inCamera) return __is_same(Array, ViewX) || __is_same(Array, ViewY);
     if (__is_same(Array, InvDepth)) return true;
-    constexpr bool cutsColumns = (Plane::insideBit & (outcodeLeft | outcodeRight)) != 0;
+    constexpr bool cutsColumns = (Plane::outcodeBit & (outcodeLeft | outcodeRight)) != 0;
     return cutsColumns ? __is_same(Array, ScreenY) : __is_same(Array, ScreenX);
 }
 
 template <class Plane, class Array>
 bool tested()
 {
-    if (Plane::insideBit & (outcodeNear | outcodeFar)) return __is_same(Array, ViewZ);
-    if (Plane::insideBit & (outcodeLeft | outcodeRight)) return __is_same(Array, ScreenX);
+    if (Plane::outcodeBit & (outcodeNear | outcodeFar)) return __is_same(Array, ViewZ);
+    if (Plane::outcodeBit & (outcodeLeft | outcodeRight)) return __is_same(Array, ScreenX);
     return __is_same(Array, ScreenY);
 }
 
@@ -78,7 +78,7 @@ ScreenPolygon triangleAcross(const TestView& view)
         values[2] = tested<Plane, Array>() ? bound + inward : base + 100;
     });
     polygon.vertexCount = 3;
-    polygon.outcode[0] = insideAll & ~Plane::insideBit;
+    polygon.outcode[0] = insideAll & ~Plane::outcodeBit;
     polygon.outcode[1] = polygon.outcode[2] = insideAll;
     return polygon;
 }
@@ -87,23 +87,23 @@ template <class Visit>
 void forEachPlane(Visit visit)
 {
     Planes::forEach([&]<class Plane>() {
-        CAPTURE(Plane::insideBit);
+        CAPTURE(Plane::outcodeBit);
         visit.template operator()<Plane>();
     });
 }
 
 // The clipper of a plane, from the format's family.
 template <class Format>
-ClipRoutine clipperOf(u32 insideBit)
+ClipRoutine clipperOf(u32 outcodeBit)
 {
     const ClipperFamily& family = clippers<Format>;
-    switch (insideBit) {
-    case outcodeNear: return family.near;
-    case outcodeFar: return family.far;
-    case outcodeRight: return family.right;
-    case outcodeLeft: return family.left;
-    case outcodeBottom: return family.bottom;
-    default: return family.top;
+    switch (outcodeBit) {
+    case outcodeNear: return family.nearPlane;
+    case outcodeFar: return family.farPlane;
+    case outcodeRight: return family.rightPlane;
+    case outcodeLeft: return family.leftPlane;
+    case outcodeBottom: return family.bottomPlane;
+    default: return family.topPlane;
     }
 }
 
@@ -120,7 +120,7 @@ TEST_CASE(
             ++format;
             const ScreenPolygon before = triangleAcross<Plane>(view);
             ScreenPolygon polygon = before;
-            clipperOf<Format>(Plane::insideBit)(&view.record, &polygon);
+            clipperOf<Format>(Plane::outcodeBit)(&view.record, &polygon);
 
             // The cut of the first side, the second corner, the third corner, the cut of the last side.
             REQUIRE(polygon.vertexCount == 4);
@@ -246,7 +246,7 @@ TEST_CASE("an outline that would take more than sixteen corners comes back empty
                 polygon.vertexCount = count;
                 for (i32 i = 0; i < count; ++i) {
                     const bool inside = i >= outside;
-                    polygon.outcode[i] = inside ? insideAll : insideAll & ~Plane::insideBit;
+                    polygon.outcode[i] = inside ? insideAll : insideAll & ~Plane::outcodeBit;
                     (polygon.*Plane::Tested::values)[i] =
                         Plane::bound(view.record) + (isUpper<Plane> == inside ? -4.0f : 4.0f);
                 }

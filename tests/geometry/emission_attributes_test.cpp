@@ -29,7 +29,7 @@ struct Emitted {
         one.corner({4, 2, 4}, outcodeAll, {0, 1}, {4, 5, 6, 60});
         one.corner({16, -4, 8}, outcodeAll, {1, 0}, {7, 8, 9, 40});
         one.mode.clip = clippers<Format>;
-        one.mode.clip.near = leaveAlone;
+        one.mode.clip.nearPlane = leaveAlone;
         record = one.emittedWithOwnClippers<Format, TargetList>();
     }
 };
@@ -157,7 +157,7 @@ TEST_CASE("1/Z is rounded first, and screen x and y are formed from the rounded 
         one.corner({5, -5, 3}, outcode);
         one.corner({0, -5, 1});
         one.corner({0, 0, 1});
-        one.mode.clip.far = leaveAlone;
+        one.mode.clip.farPlane = leaveAlone;
         const ScreenPolygon* record = one.emittedWithOwnClippers<PositionsOnly, ResolvedPolygons>();
         REQUIRE(record != nullptr);
         CHECK(bitsOf(record->invDepth[0]) == 0x3eaaaaab); // 11,184,811 x 2^-25
@@ -176,7 +176,7 @@ TEST_CASE("a cached corner's texture coordinate is rounded once, one that went t
         OneFace one;
         const u32 outcode = throughCameraSpace ? outcodeAll & ~u32{outcodeNear} : u32{outcodeAll};
         for (i32 i = 0; i < 3; ++i) one.corner({1, -1, 3}, outcode | (i ? u32{outcodeNear} : 0));
-        one.mode.clip.near = leaveAlone;
+        one.mode.clip.nearPlane = leaveAlone;
         const ScreenPolygon* record = one.emittedWithOwnClippers<Textured, ResolvedPolygons>();
         REQUIRE(record != nullptr);
         CHECK(bitsOf(record->texU[0]) == (throughCameraSpace ? 0x41ccccce : 0x41cccccd));

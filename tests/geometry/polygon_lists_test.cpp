@@ -201,7 +201,7 @@ TEST_CASE("a record that was abandoned half-written is taken by the next face")
     emitTimes<ResolvedPolygons>(one, 1);
 
     one.host.outcodes[0] &= ~u32{outcodeRight};
-    one.mode.clip.right = leaveTwoCorners;
+    one.mode.clip.rightPlane = leaveTwoCorners;
     CHECK(one.emittedWithOwnClippers<PositionsOnly, ResolvedPolygons>() == nullptr);
     CHECK(resolvedPolygons.count == 1);
     CHECK(resolvedPolygons.records[1].vertexCount == 2);

@@ -1,6 +1,6 @@
 // What a host sees on the screen of a growth that it refused a part of. The calls of a frame's emission are: 1 list, 2 to 4
 // sort arrays for the first 512 faces; 5 list, 6 to 8 sort arrays for the next.
-#include "interface/kardeno_soft.h"
+#include "kardeno_soft/kardeno_soft.h"
 #include "tests/support/test_scene.h"
 
 #include <doctest/doctest.h>

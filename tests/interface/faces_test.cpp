@@ -1,4 +1,4 @@
-#include "interface/kardeno_soft.h"
+#include "kardeno_soft/kardeno_soft.h"
 #include "tests/support/test_host.h"
 
 #include <doctest/doctest.h>

@@ -1,6 +1,8 @@
 // What the renderer writes into the host's memory, and what it leaves alone.
-#include "interface/kardeno_soft.h"
-#include "interface/render_modes.h"
+#include "host/pixel_format.h"
+#include "host/render_modes.h"
+#include "interface/render_mode_table.h"
+#include "kardeno_soft/kardeno_soft.h"
 #include "tests/support/test_scene.h"
 
 #include <doctest/doctest.h>
@@ -231,7 +233,7 @@ TEST_CASE("without a texture map a material is untextured everywhere: flag word,
     const TestMaterial& material = scene.addMaterial(1);
 
     CHECK(material.flagBlock.flags == 0);
-    CHECK(material.renderPrivate->mode == &RenderModeTable[ModeRow::LitPlain]);
+    CHECK(material.renderPrivate->mode == &RenderModeTable[rowLitPlain]);
     REQUIRE(host.calls.size() == 2);
     CHECK(host.calls[1].bytes == 64 * 4);
 }
@@ -245,10 +247,10 @@ TEST_CASE("an image that has not 8 bits per texel counts as a true-colour map, w
         TestTexture texture(16, 4, 4);
         texture.image().bitsPerTexel = bitsPerTexel;
         const TestMaterial& unlit = scene.addMaterial(0, &texture);
-        CHECK(unlit.renderPrivate->mode == &RenderModeTable[ModeRow::UnlitTextured]);
+        CHECK(unlit.renderPrivate->mode == &RenderModeTable[rowUnlitTextured]);
         CHECK(unlit.renderPrivate->shadeRamp == nullptr);
         const TestMaterial& lit = scene.addMaterial(1, &texture);
-        CHECK(lit.renderPrivate->mode == &RenderModeTable[ModeRow::FallbackFlat]);
+        CHECK(lit.renderPrivate->mode == &RenderModeTable[rowFallbackFlat]);
     }
 }
 

@@ -1,5 +1,5 @@
 // Where the fields of the host's records lie. A host that was compiled elsewhere writes them by offset.
-#include "interface/host_records.h"
+#include "kardeno_soft/host_records.h"
 
 #include <doctest/doctest.h>
 

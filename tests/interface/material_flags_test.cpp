@@ -1,5 +1,6 @@
-#include "interface/kardeno_soft.h"
-#include "interface/render_modes.h"
+#include "host/render_modes.h"
+#include "interface/render_mode_table.h"
+#include "kardeno_soft/kardeno_soft.h"
 #include "tests/support/test_scene.h"
 
 #include <doctest/doctest.h>
@@ -92,9 +93,9 @@ TEST_CASE("choosing a render state recomputes the flags too, updating a material
 
     Kardeno_Update_Material_Dll(&material);
     CHECK(material.flagBlock.flags == 0);
-    CHECK(material.renderPrivate->mode == &RenderModeTable[ModeRow::LitPlain]);
+    CHECK(material.renderPrivate->mode == &RenderModeTable[rowLitPlain]);
 
     Kardeno_Set_Material_Render_State_Dll(&material, 1);
     CHECK(material.flagBlock.flags == 4);
-    CHECK(material.renderPrivate->mode == &RenderModeTable[ModeRow::LitTranslucent]);
+    CHECK(material.renderPrivate->mode == &RenderModeTable[rowLitTranslucent]);
 }

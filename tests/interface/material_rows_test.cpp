@@ -1,6 +1,7 @@
 // Which row a render state chooses, for every combination of texture, transparency and shading mode.
-#include "interface/kardeno_soft.h"
-#include "interface/render_modes.h"
+#include "host/render_modes.h"
+#include "interface/render_mode_table.h"
+#include "kardeno_soft/kardeno_soft.h"
 #include "tests/support/test_scene.h"
 
 #include <doctest/doctest.h>
@@ -16,42 +17,42 @@ struct Choice {
     Texture texture;
     i32 transparency;
     i32 shadingMode;
-    ModeRow::Index row;
+    RenderModeRow row;
 };
 
 constexpr Choice unlitChoices[] = {
-    {none, 0, 0, ModeRow::UnlitPlain},
-    {none, 50, 0, ModeRow::UnlitTranslucent},
-    {trueColour, 0, 0, ModeRow::UnlitTextured},
-    {trueColour, 0, 1, ModeRow::UnlitTexturedShade1},
-    {trueColour, 50, 0, ModeRow::UnlitTexturedTranslucent},
-    {trueColour, 0, 2, ModeRow::UnlitTexturedShade2},
-    {trueColour, 0, 10, ModeRow::UnlitTexturedShade10},
-    {trueColour, 0, 11, ModeRow::UnlitTexturedShade11},
-    {palettised, 0, 0, ModeRow::UnlitPalettised},
+    {none, 0, 0, rowUnlitPlain},
+    {none, 50, 0, rowUnlitTranslucent},
+    {trueColour, 0, 0, rowUnlitTextured},
+    {trueColour, 0, 1, rowUnlitTexturedShade1},
+    {trueColour, 50, 0, rowUnlitTexturedTranslucent},
+    {trueColour, 0, 2, rowUnlitTexturedShade2},
+    {trueColour, 0, 10, rowUnlitTexturedShade10},
+    {trueColour, 0, 11, rowUnlitTexturedShade11},
+    {palettised, 0, 0, rowUnlitPalettised},
 };
 
 constexpr Choice litChoices[] = {
-    {none, 0, 0, ModeRow::LitPlain},
-    {none, 50, 0, ModeRow::LitTranslucent},
-    {palettised, 0, 0, ModeRow::LitTextured},
-    {palettised, 0, 1, ModeRow::LitTexturedShade1},
-    {palettised, 50, 0, ModeRow::LitTexturedTranslucent},
-    {palettised, 50, 1, ModeRow::LitTexturedShade1Translucent},
-    {palettised, 0, 2, ModeRow::LitTexturedShade2},
+    {none, 0, 0, rowLitPlain},
+    {none, 50, 0, rowLitTranslucent},
+    {palettised, 0, 0, rowLitTextured},
+    {palettised, 0, 1, rowLitTexturedShade1},
+    {palettised, 50, 0, rowLitTexturedTranslucent},
+    {palettised, 50, 1, rowLitTexturedShade1Translucent},
+    {palettised, 0, 2, rowLitTexturedShade2},
 };
 
 constexpr i32 unknownMode = 7; // adds no flag: chooses as mode 0 does
 
 template <size_t count>
-ModeRow::Index listed(const Choice (&choices)[count], const Choice& asked)
+RenderModeRow listed(const Choice (&choices)[count], const Choice& asked)
 {
     const i32 mode = asked.shadingMode == unknownMode ? 0 : asked.shadingMode;
     for (const Choice& choice : choices) {
         if (choice.texture == asked.texture && choice.transparency == asked.transparency && choice.shadingMode == mode)
             return choice.row;
     }
-    return ModeRow::FallbackFlat;
+    return rowFallbackFlat;
 }
 
 // The row that a fresh material gets, as an index into the table.
@@ -79,7 +80,7 @@ void forEachCombination(Visit visit)
                 CAPTURE(texture);
                 CAPTURE(transparency);
                 CAPTURE(mode);
-                visit(Choice{texture, transparency, mode, ModeRow::FallbackFlat});
+                visit(Choice{texture, transparency, mode, rowFallbackFlat});
             }
         }
     }
@@ -114,7 +115,7 @@ TEST_CASE("other states, negative ones included, choose FallbackBlend for transp
         CAPTURE(state);
         forEachCombination([&](const Choice& asked) {
             const bool blends = asked.transparency != 0 || asked.shadingMode == 1;
-            CHECK(chosenRow(scene, asked, state) == (blends ? ModeRow::FallbackBlend : ModeRow::FallbackFlat));
+            CHECK(chosenRow(scene, asked, state) == (blends ? rowFallbackBlend : rowFallbackFlat));
         });
     }
 }
@@ -126,10 +127,10 @@ TEST_CASE("a true-colour texture is UnlitTextured in state 0 and FallbackFlat in
     TestTexture texture(16, 4, 4);
     TestMaterial& material = scene.addMaterial(0, &texture);
     CHECK(material.flagBlock.flags == 1);
-    CHECK(material.renderPrivate->mode == &RenderModeTable[ModeRow::UnlitTextured]);
+    CHECK(material.renderPrivate->mode == &RenderModeTable[rowUnlitTextured]);
 
     CHECK(Kardeno_Set_Material_Render_State_Dll(&material, 1) == 1);
-    CHECK(material.renderPrivate->mode == &RenderModeTable[ModeRow::FallbackFlat]);
+    CHECK(material.renderPrivate->mode == &RenderModeTable[rowFallbackFlat]);
     CHECK(material.renderPrivate->shadeRamp == nullptr);
 }
 
@@ -140,7 +141,7 @@ TEST_CASE("an 8-bit texture with shading mode 1 is FallbackFlat in state 0, not 
     TestTexture texture(8, 4, 4);
     const TestMaterial& material = scene.addMaterial(0, &texture, 1);
     CHECK(material.flagBlock.flags == 3);
-    CHECK(material.renderPrivate->mode == &RenderModeTable[ModeRow::FallbackFlat]);
+    CHECK(material.renderPrivate->mode == &RenderModeTable[rowFallbackFlat]);
     CHECK(material.renderPrivate->shadeRamp != nullptr); // built all the same
 }
 
@@ -148,11 +149,11 @@ TEST_CASE("in state 3 transparency 50 is FallbackBlend, shading mode 2 alone is 
 {
     TestHost host;
     TestScene scene(host);
-    CHECK(scene.addMaterial(3, nullptr, 0, 50).renderPrivate->mode == &RenderModeTable[ModeRow::FallbackBlend]);
+    CHECK(scene.addMaterial(3, nullptr, 0, 50).renderPrivate->mode == &RenderModeTable[rowFallbackBlend]);
 
     const TestMaterial& shade2 = scene.addMaterial(3, nullptr, 2); // 64 is none of 0x1e
     CHECK(shade2.flagBlock.flags == 64);
-    CHECK(shade2.renderPrivate->mode == &RenderModeTable[ModeRow::FallbackFlat]);
+    CHECK(shade2.renderPrivate->mode == &RenderModeTable[rowFallbackFlat]);
 }
 
 TEST_CASE("Intended: only the low byte counts, of which flagTextured and flagShade2 are not looked at")
@@ -163,12 +164,12 @@ TEST_CASE("Intended: only the low byte counts, of which flagTextured and flagSha
     const auto rowOf = [&](TestTexture* map, i32 shadingMode) {
         return scene.addMaterial(3, map, shadingMode).renderPrivate->mode;
     };
-    const RenderMode* const flat = &RenderModeTable[ModeRow::FallbackFlat];
+    const RenderMode* const flat = &RenderModeTable[rowFallbackFlat];
     CHECK(rowOf(&texture, 0) == flat);
     CHECK(rowOf(&texture, 2) == flat);
     CHECK(rowOf(nullptr, 10) == flat); // 256 and 512 lie above the low byte
     CHECK(rowOf(nullptr, 11) == flat);
-    CHECK(rowOf(&texture, 1) == &RenderModeTable[ModeRow::FallbackBlend]);
+    CHECK(rowOf(&texture, 1) == &RenderModeTable[rowFallbackBlend]);
 }
 
 TEST_CASE("rows are shared: of two materials of FallbackFlat with states 0 and 7 both report 7")
@@ -189,6 +190,6 @@ TEST_CASE("no state chooses a spare row")
     TestHost host;
     TestScene scene(host);
     for (const i32 state : {0, 1, 2, 3, -1}) {
-        forEachCombination([&](const Choice& asked) { CHECK(chosenRow(scene, asked, state) < u32{ModeRow::SpareA}); });
+        forEachCombination([&](const Choice& asked) { CHECK(chosenRow(scene, asked, state) < u32{rowSpareA}); });
     }
 }

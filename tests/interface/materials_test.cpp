@@ -1,6 +1,7 @@
 // A material's life: its private record, its ramp's memory, and what happens when either is refused.
-#include "interface/kardeno_soft.h"
-#include "interface/render_modes.h"
+#include "host/render_modes.h"
+#include "interface/render_mode_table.h"
+#include "kardeno_soft/kardeno_soft.h"
 #include "tests/support/test_scene.h"
 
 #include <doctest/doctest.h>
@@ -77,9 +78,9 @@ TEST_CASE("the state is written into the chosen row and into no other")
     TestScene scene(host);
     for (RenderMode& mode : RenderModeTable) mode.state = 5;
     scene.addMaterial(2);
-    for (u32 i = 0; i < ModeRow::count; ++i) {
+    for (u32 i = 0; i < renderModeRowCount; ++i) {
         CAPTURE(i);
-        CHECK(RenderModeTable[i].state == (i == ModeRow::LitPlain ? 2 : 5));
+        CHECK(RenderModeTable[i].state == (i == rowLitPlain ? 2 : 5));
     }
 }
 
@@ -173,7 +174,7 @@ TEST_CASE("a ramp, once built, is kept: later states and other flags ask for no 
 
     CHECK(host.calls.empty());
     CHECK(material.renderPrivate->shadeRamp == ramp);
-    CHECK(material.renderPrivate->mode == &RenderModeTable[ModeRow::LitTextured]);
+    CHECK(material.renderPrivate->mode == &RenderModeTable[rowLitTextured]);
 }
 
 TEST_CASE("choosing a state again does not refill the ramp, updating the material does")

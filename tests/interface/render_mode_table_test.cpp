@@ -1,7 +1,8 @@
 // The twenty rows, by what their routines do: which list a row's emission routine feeds, and what its clippers carry.
 #include "geometry/polygon_lists.h"
-#include "interface/kardeno_soft.h"
-#include "interface/render_modes.h"
+#include "host/render_modes.h"
+#include "interface/render_mode_table.h"
+#include "kardeno_soft/kardeno_soft.h"
 #include "tests/support/test_scene.h"
 
 #include <doctest/doctest.h>
@@ -17,33 +18,33 @@ namespace {
 // What a row's polygons carry beside their position: t texture coordinates, i intensity, c colours.
 struct ExpectedRow {
     const char* name;
-    ModeRow::Index row;
+    RenderModeRow row;
     const PolygonList& list;
     const char* carried;
 };
 
 // clang-format off
 const ExpectedRow expectedRows[] = {
-    {"FallbackFlat",                 ModeRow::FallbackFlat,                 resolvedPolygons,   ""},
-    {"FallbackBlend",                ModeRow::FallbackBlend,                sortedPolygons,     ""},
-    {"UnlitPlain",                   ModeRow::UnlitPlain,                   resolvedPolygons,   ""},
-    {"UnlitTextured",                ModeRow::UnlitTextured,                resolvedPolygons,   "t"},
-    {"UnlitTexturedShade1",          ModeRow::UnlitTexturedShade1,          sortedPolygons,     "t"},
-    {"UnlitTranslucent",             ModeRow::UnlitTranslucent,             sortedPolygons,     ""},
-    {"UnlitTexturedTranslucent",     ModeRow::UnlitTexturedTranslucent,     sortedPolygons,     "t"},
-    {"UnlitTexturedShade2",          ModeRow::UnlitTexturedShade2,          sortedPolygons,     "t"},
-    {"UnlitTexturedShade10",         ModeRow::UnlitTexturedShade10,         lateSortedPolygons, "t"},
-    {"UnlitTexturedShade11",         ModeRow::UnlitTexturedShade11,         sortedPolygons,     "t"},
-    {"UnlitPalettised",              ModeRow::UnlitPalettised,              resolvedPolygons,   "t"},
-    {"LitPlain",                     ModeRow::LitPlain,                     resolvedPolygons,   "i"},
-    {"LitTextured",                  ModeRow::LitTextured,                  resolvedPolygons,   "ti"},
-    {"LitTexturedShade1",            ModeRow::LitTexturedShade1,            sortedPolygons,     "ti"},
-    {"LitTranslucent",               ModeRow::LitTranslucent,               sortedPolygons,     "i"},
-    {"LitTexturedTranslucent",       ModeRow::LitTexturedTranslucent,       sortedPolygons,     "ti"},
-    {"LitTexturedShade1Translucent", ModeRow::LitTexturedShade1Translucent, sortedPolygons,     "ti"},
-    {"LitTexturedShade2",            ModeRow::LitTexturedShade2,            sortedPolygons,     "ti"},
-    {"SpareA",                       ModeRow::SpareA,                       resolvedPolygons,   "c"},
-    {"SpareB",                       ModeRow::SpareB,                       resolvedPolygons,   "tc"},
+    {"FallbackFlat",                 rowFallbackFlat,                 resolvedPolygons,   ""},
+    {"FallbackBlend",                rowFallbackBlend,                sortedPolygons,     ""},
+    {"UnlitPlain",                   rowUnlitPlain,                   resolvedPolygons,   ""},
+    {"UnlitTextured",                rowUnlitTextured,                resolvedPolygons,   "t"},
+    {"UnlitTexturedShade1",          rowUnlitTexturedShade1,          sortedPolygons,     "t"},
+    {"UnlitTranslucent",             rowUnlitTranslucent,             sortedPolygons,     ""},
+    {"UnlitTexturedTranslucent",     rowUnlitTexturedTranslucent,     sortedPolygons,     "t"},
+    {"UnlitTexturedShade2",          rowUnlitTexturedShade2,          sortedPolygons,     "t"},
+    {"UnlitTexturedShade10",         rowUnlitTexturedShade10,         lateSortedPolygons, "t"},
+    {"UnlitTexturedShade11",         rowUnlitTexturedShade11,         sortedPolygons,     "t"},
+    {"UnlitPalettised",              rowUnlitPalettised,              resolvedPolygons,   "t"},
+    {"LitPlain",                     rowLitPlain,                     resolvedPolygons,   "i"},
+    {"LitTextured",                  rowLitTextured,                  resolvedPolygons,   "ti"},
+    {"LitTexturedShade1",            rowLitTexturedShade1,            sortedPolygons,     "ti"},
+    {"LitTranslucent",               rowLitTranslucent,               sortedPolygons,     "i"},
+    {"LitTexturedTranslucent",       rowLitTexturedTranslucent,       sortedPolygons,     "ti"},
+    {"LitTexturedShade1Translucent", rowLitTexturedShade1Translucent, sortedPolygons,     "ti"},
+    {"LitTexturedShade2",            rowLitTexturedShade2,            sortedPolygons,     "ti"},
+    {"SpareA",                       rowSpareA,                       resolvedPolygons,   "c"},
+    {"SpareB",                       rowSpareB,                       resolvedPolygons,   "tc"},
 };
 // clang-format on
 
@@ -78,7 +79,8 @@ std::string arraysWithout(const ScreenPolygon& polygon, f32 value)
 
 std::vector<ClipRoutine> clippersOf(const RenderMode& mode)
 {
-    return {mode.clip.near, mode.clip.far, mode.clip.right, mode.clip.left, mode.clip.bottom, mode.clip.top};
+    return {mode.clip.nearPlane, mode.clip.farPlane,    mode.clip.rightPlane,
+            mode.clip.leftPlane, mode.clip.bottomPlane, mode.clip.topPlane};
 }
 
 constexpr u32 insideBits[] = {outcodeNear, outcodeFar, outcodeRight, outcodeLeft, outcodeBottom, outcodeTop};
@@ -91,18 +93,18 @@ TEST_CASE("a row is nine words: state, emission routine, clippers near, far, rig
     CHECK(offsetof(RenderMode, state) == 0);
     CHECK(offsetof(RenderMode, emit) == 4);
     CHECK(offsetof(RenderMode, clip) == 8);
-    CHECK(offsetof(ClipperFamily, near) == 0);
-    CHECK(offsetof(ClipperFamily, far) == 4);
-    CHECK(offsetof(ClipperFamily, right) == 8);
-    CHECK(offsetof(ClipperFamily, left) == 12);
-    CHECK(offsetof(ClipperFamily, bottom) == 16);
-    CHECK(offsetof(ClipperFamily, top) == 20);
+    CHECK(offsetof(ClipperFamily, nearPlane) == 0);
+    CHECK(offsetof(ClipperFamily, farPlane) == 4);
+    CHECK(offsetof(ClipperFamily, rightPlane) == 8);
+    CHECK(offsetof(ClipperFamily, leftPlane) == 12);
+    CHECK(offsetof(ClipperFamily, bottomPlane) == 16);
+    CHECK(offsetof(ClipperFamily, topPlane) == 20);
     CHECK(offsetof(RenderMode, fill) == 32);
 }
 
 TEST_CASE("the table has twenty rows, FallbackFlat first and SpareB last")
 {
-    CHECK(ModeRow::count == 20);
+    CHECK(renderModeRowCount == 20);
     CHECK(sizeof RenderModeTable == 20 * 36);
     u32 index = 0;
     for (const ExpectedRow& expected : expectedRows) {
@@ -115,15 +117,15 @@ TEST_CASE("the table has twenty rows, FallbackFlat first and SpareB last")
 TEST_CASE("initialisation fills words 1 to 8 of every row and leaves the state alone")
 {
     TestHost host;
-    i32 states[ModeRow::count];
-    for (u32 i = 0; i < ModeRow::count; ++i) {
+    i32 states[renderModeRowCount];
+    for (u32 i = 0; i < renderModeRowCount; ++i) {
         states[i] = RenderModeTable[i].state;
         RenderModeTable[i] = {.state = 1000 + static_cast<i32>(i), .emit = nullptr, .clip = {}, .fill = nullptr};
     }
 
     Kardeno_Init_Render_Dll(&host.context());
 
-    for (u32 i = 0; i < ModeRow::count; ++i) {
+    for (u32 i = 0; i < renderModeRowCount; ++i) {
         CAPTURE(i);
         const RenderMode& mode = RenderModeTable[i];
         CHECK(mode.state == 1000 + static_cast<i32>(i));
@@ -181,8 +183,7 @@ TEST_CASE("only the rows of the two billboards refuse faces that have not four c
 
         RenderModeTable[expected.row].emit(&scene.view.record, &face);
 
-        const bool billboard =
-            expected.row == ModeRow::UnlitTexturedShade10 || expected.row == ModeRow::UnlitTexturedShade11;
+        const bool billboard = expected.row == rowUnlitTexturedShade10 || expected.row == rowUnlitTexturedShade11;
         CHECK(expected.list.count == (billboard ? 0 : 1));
     }
 }
@@ -249,5 +250,5 @@ TEST_CASE("twelve emission routines and nineteen fillers: modes 2 and 11 of unli
     }
     CHECK(emitters.size() == 12);
     CHECK(fillers.size() == 19);
-    CHECK((RenderModeTable[ModeRow::UnlitTexturedShade2].fill == RenderModeTable[ModeRow::UnlitTexturedShade11].fill));
+    CHECK((RenderModeTable[rowUnlitTexturedShade2].fill == RenderModeTable[rowUnlitTexturedShade11].fill));
 }

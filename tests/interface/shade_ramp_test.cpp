@@ -1,6 +1,6 @@
 // The entries of both ramps, worked out by hand. Everything is 32-bit integers: shifts round down, divisions toward zero.
-#include "interface/kardeno_soft.h"
-#include "interface/render_modes.h"
+#include "host/render_modes.h"
+#include "kardeno_soft/kardeno_soft.h"
 #include "tests/support/test_scene.h"
 
 #include <doctest/doctest.h>

@@ -1,7 +1,7 @@
 // Calls with a stack of any alignment: hosts call in with a stack pointer that is a multiple of 4 and no more.
 #pragma once
 
-#include "support/types.h"
+#include "kardeno_soft/types.h"
 
 #include <bit>
 #include <type_traits>

@@ -2,7 +2,7 @@
 // and its services are the C library's.
 #pragma once
 
-#include "support/types.h"
+#include "kardeno_soft/types.h"
 
 #include <cstring>
 #include <deque>

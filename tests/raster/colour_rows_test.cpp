@@ -14,7 +14,7 @@ TEST_CASE("the row SpareA draws the interpolated colour, linearly on the screen"
         settings.channelsOnTheRight[i] = i == 0 ? 264.0f : i == 1 ? 132.0f : -8.0f;
     }
     // clang-format off
-    checkRow(ModeRow::SpareA, settings, {
+    checkRow(rowSpareA, settings, {
         {in555, any, SetUp::flat,     "041f 083e 0c3d 105c 145b 187a 1c79 2098 | 2497"},
         {in565, any, SetUp::flat,     "083f 105e 187d 209c 28bb 30da 38f9 4118 | 4937"},
         {in555, any, SetUp::receding, "041f 083e 0c3d 105c 145b 187a 1c79 2098 | 2497"},
@@ -29,7 +29,7 @@ TEST_CASE("the row SpareB draws texels scaled by the interpolated colour, and tr
     const RowSettings settings = {
         .bitsPerTexel = 16, .channelsOnTheLeft = {255, 0, 255}, .channelsOnTheRight = {255, 0, 255}};
     // clang-format off
-    checkRow(ModeRow::SpareB, settings, {
+    checkRow(rowSpareB, settings, {
         {in555, square, SetUp::flat,     "641d 641d 540e 541f 4400 4400 3011 3002 | 2013"},
         {in565, square, SetUp::flat,     "601d 601d 500e 501f 4000 4000 3011 3002 | 2013"},
         {in555, any,    SetUp::flat,     "641d 641d 540e 541f 5400 5400 4411 4402 | 3013"},
@@ -47,7 +47,7 @@ TEST_CASE("the channels of SpareB change along the row, each span going on where
     // A white map and a red that grows by 8 a column: field 0, 0, 1, 2, 3, 4, 5, 6, 7 of 31, being 8k x 31 / 255
     // rounded down (0, 0.97, 1.9, 2.9, 3.9, 4.9, 5.8, 6.8, 7.8). The table's own bits below the field are cut off.
     RowSettings settings = {.bitsPerTexel = 16, .channelsOnTheRight = {256, 0, 0}};
-    RowScene scene(ModeRow::SpareB, settings, 16, square, SetUp::flat);
+    RowScene scene(rowSpareB, settings, 16, square, SetUp::flat);
     for (i32 y = 0; y < 256; ++y) {
         for (i32 x = 0; x < 256; ++x) scene.texture.setTexel(x, y, 0xffff);
     }

@@ -1,4 +1,6 @@
+#include "host/pixel_format.h"
 #include "raster/colour_fills.h"
+#include "raster/colour_tables.h"
 #include "tests/raster/filler_setup.h"
 
 #include <cstring>
@@ -29,8 +31,8 @@ void checkGouraud(Channels start, Channels step, const char* in555, const char* 
 {
     // No perspective, hence no blocks: the count stays.
     const SpanGradients span = withChannels(flat(), start, step);
-    checkSpan(span, drawGouraudSpan<Rgb555>, 0x7777, in555, Count::stays);
-    checkSpan(span, drawGouraudSpan<Rgb565>, 0x7777, in565, Count::stays);
+    checkSpan(span, gouraudColour[rgb555], 0x7777, in555, Count::stays);
+    checkSpan(span, gouraudColour[rgb565], 0x7777, in565, Count::stays);
 }
 
 } // namespace

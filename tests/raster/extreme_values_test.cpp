@@ -3,9 +3,11 @@
 //
 // Maps and ramps hold one value everywhere, so that a pixel tells whether it came from there; they lie in blocks of
 // their own, which the sanitizers watch.
+#include "host/pixel_format.h"
 #include "raster/colour_fills.h"
+#include "raster/colour_tables.h"
 #include "raster/shaded_fills.h"
-#include "raster/unshaded_textures.h"
+#include "raster/unlit_textures.h"
 #include "tests/raster/row_setup.h"
 
 #include <algorithm>
@@ -29,7 +31,7 @@ constexpr f32 values[] = {0, 1e6f, -1e6f, 3e9f, -5e9f, 1e12f, largest, -largest,
 constexpr f32 steps[] = {0, -3e9f, largest, -infinity, notANumber};
 
 struct RoutineSet {
-    const SpanRoutines& routines;
+    const TexturedSpanRoutines& routines;
     u32 bitsPerTexel;
     u16 overBlack; // what the colour 0x1234 makes of black: itself, half of 0x1214, or 0x1214 (bit 5 masked out)
 };
@@ -156,9 +158,9 @@ TEST_CASE("no depth and no shade makes an untextured span read outside its ramp 
                 for (const f32 step : steps) {
                     SpanGradients span = extremeRecord(depth, depthStep, value, step);
                     span.ramp = ramp.data();
-                    const bool right = drawsOnly(span, drawShadedSpan<Replace>, 0x1234)
-                                       && drawsOnly(span, drawShadedSpan<HalfBlend<Rgb555>>, 0x090a)
-                                       && drawsOnly(span, drawShadedSpan<HalfBlend<Rgb565>>, 0x090a);
+                    const bool right = drawsOnly(span, shadedCopy[rgb565], 0x1234)
+                                       && drawsOnly(span, shadedHalfBlend[rgb555], 0x090a)
+                                       && drawsOnly(span, shadedHalfBlend[rgb565], 0x090a);
                     CHECK(right);
                 }
             }
@@ -197,8 +199,8 @@ TEST_CASE("channels that are infinite or no numbers truncate to -2^31, which is 
     for (const f32 value : {infinity, -infinity, notANumber, 1e30f}) {
         span.start.colourR = span.start.colourG = span.start.colourB = value;
         span.step.colourR = span.step.colourG = span.step.colourB = value;
-        CHECK(drawsOnly(span, drawGouraudSpan<Rgb555>, 0));
-        CHECK(drawsOnly(span, drawGouraudSpan<Rgb565>, 0));
+        CHECK(drawsOnly(span, gouraudColour[rgb555], 0));
+        CHECK(drawsOnly(span, gouraudColour[rgb565], 0));
     }
 }
 
@@ -208,12 +210,12 @@ TEST_CASE("no vertex makes a filler write beside its spans")
     f32(ScreenPolygon::*const arrays[])[maxCorners] = {
         &ScreenPolygon::screenX,   &ScreenPolygon::invDepth, &ScreenPolygon::texU,    &ScreenPolygon::texV,
         &ScreenPolygon::intensity, &ScreenPolygon::colourR,  &ScreenPolygon::colourG, &ScreenPolygon::colourB};
-    const u32 bitsPerTexel[ModeRow::count] = {0, 0, 0, 16, 16, 0, 16, 16, 16, 16, 8, 0, 8, 8, 0, 8, 8, 8, 0, 16};
-    for (u32 row = 0; row < ModeRow::count; ++row) {
+    const u32 bitsPerTexel[renderModeRowCount] = {0, 0, 0, 16, 16, 0, 16, 16, 16, 16, 8, 0, 8, 8, 0, 8, 8, 8, 0, 16};
+    for (u32 row = 0; row < renderModeRowCount; ++row) {
         CAPTURE(row);
         const RowSettings settings = {.bitsPerTexel = bitsPerTexel[row]};
-        RowScene scene(static_cast<ModeRow::Index>(row), settings, 16, square, SetUp::receding);
-        const bool fillsOutline = row == ModeRow::UnlitTexturedShade10;
+        RowScene scene(static_cast<RenderModeRow>(row), settings, 16, square, SetUp::receding);
+        const bool fillsOutline = row == rowUnlitTexturedShade10;
         drawnRectangle = {0, 1, 9, 2};
         const ScreenPolygon polygon = scene.polygon;
         for (const auto array : arrays) {

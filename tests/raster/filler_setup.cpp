@@ -1,4 +1,5 @@
 #include "tests/raster/filler_setup.h"
+#include "host/pixel_format.h"
 
 #include <cstring>
 
@@ -185,7 +186,7 @@ void checkTexturedSpans(const TexturedSpans& spans, const SpanGradients& setUp, 
         const bool isSquare = line.addressing == Addressing::square;
         for (const PixelFormat format : {rgb555, rgb565}) {
             if (line.format == (format == rgb555 ? Format::in565 : Format::in555)) continue;
-            const SpanRoutine routine = (isSquare ? spans.routines.squareMap : spans.routines.anyMap)[format];
+            const SpanRoutine routine = (isSquare ? spans.routines.map256x256 : spans.routines.anyMap)[format];
             checkSpan(record, routine, spans.destination, line.pixels);
         }
     }

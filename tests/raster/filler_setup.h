@@ -121,7 +121,7 @@ struct SpanCase {
 
 // What the lines of a table have in common. The texture is a MarkedTexture, the ramp a marked one of 64 x 256 entries.
 struct TexturedSpans {
-    const SpanRoutines& routines;
+    const TexturedSpanRoutines& routines;
     u32 bitsPerTexel;
     u16 destination;
     u32 key = 0;              // texel that the record names as the key

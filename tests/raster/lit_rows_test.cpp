@@ -8,7 +8,7 @@ using enum kardeno::tests::Format;
 TEST_CASE("the row LitPlain draws the ramp's colour at the level of the shade, with perspective")
 {
     // clang-format off
-    checkRow(ModeRow::LitPlain, {}, {
+    checkRow(rowLitPlain, {}, {
         {both,  any,    SetUp::flat,     "0a0a 0a0a 0b0b 0c0c 0d0d 0d0d 0e0e 0f0f | 1010"},
         {both,  any,    SetUp::receding, "3232 3131 3131 3131 3030 3030 3030 3030 | 2f2f"},
     });
@@ -18,7 +18,7 @@ TEST_CASE("the row LitPlain draws the ramp's colour at the level of the shade, w
 TEST_CASE("the row LitTranslucent half blends the ramp's colour at the level of the shade, with perspective")
 {
     // clang-format off
-    checkRow(ModeRow::LitTranslucent, {.destination = 0x2108}, {
+    checkRow(rowLitTranslucent, {.destination = 0x2108}, {
         {in555, any,    SetUp::flat,     "1589 1589 1609 148a 150a 150a 158b 160b | 188c"},
         {in565, any,    SetUp::flat,     "1189 1189 1209 128a 130a 130a 138b 140b | 188c"},
         {in555, any,    SetUp::receding, "298d 290c 290c 290c 288c 288c 288c 288c | 260b"},
@@ -30,7 +30,7 @@ TEST_CASE("the row LitTranslucent half blends the ramp's colour at the level of 
 TEST_CASE("the row LitTextured draws lit texels, and rounds coordinates on square maps")
 {
     // clang-format off
-    checkRow(ModeRow::LitTextured, {.bitsPerTexel = 8}, {
+    checkRow(rowLitTextured, {.bitsPerTexel = 8}, {
         {both,  square, SetUp::flat,     "0a6d 0a6d 0b5e 0b5f 0c40 0c40 0d31 0d32 | 0e23"},
         {both,  any,    SetUp::flat,     "0a6d 0a6d 0b5e 0b5f 0c50 0c50 0d41 0d42 | 0e33"},
         {both,  square, SetUp::receding, "32c0 31b0 31b0 31b0 31b1 30b1 30b1 30b1 | 30b2"},
@@ -42,7 +42,7 @@ TEST_CASE("the row LitTextured draws lit texels, and rounds coordinates on squar
 TEST_CASE("the row LitTexturedShade1 draws lit texels but for the transparent palette index")
 {
     // clang-format off
-    checkRow(ModeRow::LitTexturedShade1, {.bitsPerTexel = 8, .transparentIndex = 0x5f, .transparentColour = 0x006d}, {
+    checkRow(rowLitTexturedShade1, {.bitsPerTexel = 8, .transparentIndex = 0x5f, .transparentColour = 0x006d}, {
         {both,  square, SetUp::flat,     "0a6d 0a6d 0b5e 7777 0c40 0c40 0d31 0d32 | 0e23"},
         {both,  any,    SetUp::flat,     "0a6d 0a6d 0b5e 7777 0c50 0c50 0d41 0d42 | 0e33"},
         {both,  square, SetUp::receding, "32c0 31b0 31b0 31b0 31b1 30b1 30b1 30b1 | 30b2"},
@@ -54,7 +54,7 @@ TEST_CASE("the row LitTexturedShade1 draws lit texels but for the transparent pa
 TEST_CASE("the row LitTexturedTranslucent half blends lit texels")
 {
     // clang-format off
-    checkRow(ModeRow::LitTexturedTranslucent, {.bitsPerTexel = 8, .destination = 0x2108}, {
+    checkRow(rowLitTexturedTranslucent, {.bitsPerTexel = 8, .destination = 0x2108}, {
         {in555, square, SetUp::flat,     "15aa 15aa 1633 1633 14a4 14a4 150c 150d | 1585"},
         {in565, square, SetUp::flat,     "11aa 11aa 1233 1233 12a4 12a4 130c 130d | 1385"},
         {in555, any,    SetUp::flat,     "15aa 15aa 1633 1633 14ac 14ac 1524 1525 | 158d"},
@@ -74,7 +74,7 @@ TEST_CASE("the row LitTexturedShade1Translucent half blends lit texels but for p
     const RowSettings settings = {
         .bitsPerTexel = 8, .destination = 0x2108, .transparentIndex = 0x5f, .texelThatIsZero = 0x6d};
     // clang-format off
-    checkRow(ModeRow::LitTexturedShade1Translucent, settings, {
+    checkRow(rowLitTexturedShade1Translucent, settings, {
         {in555, square, SetUp::flat,     "2108 2108 1633 1633 14a4 14a4 150c 150d | 1585"},
         {in565, square, SetUp::flat,     "2108 2108 1233 1233 12a4 12a4 130c 130d | 1385"},
         {in555, any,    SetUp::flat,     "2108 2108 1633 1633 14ac 14ac 1524 1525 | 158d"},
@@ -90,7 +90,7 @@ TEST_CASE("the row LitTexturedShade1Translucent half blends lit texels but for p
 TEST_CASE("the row LitTexturedShade2 adds lit texels, and truncates coordinates on any map")
 {
     // clang-format off
-    checkRow(ModeRow::LitTexturedShade2, {.bitsPerTexel = 8, .destination = 0x4a52}, {
+    checkRow(rowLitTexturedShade2, {.bitsPerTexel = 8, .destination = 0x4a52}, {
         {in555, square, SetUp::flat,     "57ff 57ff 57ff 57ff 5292 5292 537f 537f | 57f5"},
         {in565, square, SetUp::flat,     "449f 449f 45bf 45bf 4692 4692 477f 477f | 4ff5"},
         {in555, any,    SetUp::flat,     "57ff 57ff 57ff 57ff 52bf 52bf 5393 5394 | 57ff"},

@@ -1,4 +1,5 @@
 // Render states 1 and 2 of the same material, seen through whole frames.
+#include "interface/render_mode_table.h"
 #include "tests/raster/filler_setup.h"
 
 using namespace kardeno;
@@ -10,7 +11,7 @@ struct Look {
     bool textured;
     i32 shadingMode;
     i32 transparency;
-    ModeRow::Index row;
+    RenderModeRow row;
 };
 
 // A lit rectangle, darker on the left, in one render state.
@@ -50,13 +51,13 @@ Pixels drawn(const Look& look, i32 state)
 TEST_CASE("render states 1 and 2 draw the same pixels, whatever the material looks like")
 {
     const Look looks[] = {
-        {false, 0, 0, ModeRow::LitPlain},
-        {false, 0, 50, ModeRow::LitTranslucent},
-        {true, 0, 0, ModeRow::LitTextured},
-        {true, 1, 0, ModeRow::LitTexturedShade1},
-        {true, 0, 50, ModeRow::LitTexturedTranslucent},
-        {true, 1, 50, ModeRow::LitTexturedShade1Translucent},
-        {true, 2, 0, ModeRow::LitTexturedShade2},
+        {false, 0, 0, rowLitPlain},
+        {false, 0, 50, rowLitTranslucent},
+        {true, 0, 0, rowLitTextured},
+        {true, 1, 0, rowLitTexturedShade1},
+        {true, 0, 50, rowLitTexturedTranslucent},
+        {true, 1, 50, rowLitTexturedShade1Translucent},
+        {true, 2, 0, rowLitTexturedShade2},
     };
     for (const Look& look : looks) {
         CAPTURE(look.row);

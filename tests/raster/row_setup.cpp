@@ -1,4 +1,5 @@
 #include "tests/raster/row_setup.h"
+#include "interface/render_mode_table.h"
 
 #include <cstring>
 
@@ -21,8 +22,7 @@ void setCorner(ScreenPolygon& polygon, i32 corner, const SpanGradients& span, co
 
 } // namespace
 
-RowScene::RowScene(ModeRow::Index row, const RowSettings& settings, i32 bitsPerPixel, Addressing addressing,
-                   SetUp setUp)
+RowScene::RowScene(RenderModeRow row, const RowSettings& settings, i32 bitsPerPixel, Addressing addressing, SetUp setUp)
     : host(bitsPerPixel), texture(settings.bitsPerTexel == 8 ? 8 : 16, addressing), destination(settings.destination)
 {
     const bool isTextured = settings.bitsPerTexel != 0;
@@ -74,7 +74,7 @@ std::string RowScene::drawn(const std::vector<SpanLists::Run>& runs, i32 y, i32 
     return text(frame.row(y, x, xEnd));
 }
 
-void checkRow(ModeRow::Index row, const RowSettings& settings, const std::vector<RowCase>& cases)
+void checkRow(RenderModeRow row, const RowSettings& settings, const std::vector<RowCase>& cases)
 {
     for (const RowCase& line : cases) {
         CAPTURE(line.pixels);

@@ -27,7 +27,7 @@ struct RowSettings {
 
 class RowScene {
 public:
-    RowScene(ModeRow::Index row, const RowSettings& settings, i32 bitsPerPixel, Addressing addressing, SetUp setUp);
+    RowScene(RenderModeRow row, const RowSettings& settings, i32 bitsPerPixel, Addressing addressing, SetUp setUp);
 
     // Row y of the frame after a filler call with the given spans; the frame held the destination colour everywhere,
     // and its fences must stand.
@@ -54,6 +54,6 @@ struct RowCase {
 
 // Draws each line as a span of 9 pixels from column 0 on row 1 and, for the flat set-up, as one of 5 pixels from column
 // 4 on row 2, which must be the last 5 of the 9.
-void checkRow(ModeRow::Index row, const RowSettings& settings, const std::vector<RowCase>& cases);
+void checkRow(RenderModeRow row, const RowSettings& settings, const std::vector<RowCase>& cases);
 
 } // namespace kardeno::tests

@@ -1,4 +1,5 @@
 // The shade of lit textures beyond its 64 levels, and the two ways of addressing below them.
+#include "host/pixel_format.h"
 #include "raster/shaded_fills.h"
 #include "tests/raster/filler_setup.h"
 
@@ -116,8 +117,8 @@ TEST_CASE("a 256 x 256 lit texture looks the same addressed as a square and as a
 {
     // Columns 100 to 116 of row 200: palette indices 0x84, 0x85, ... of the pattern. The shade stays 1/256 below the
     // next level, or exactly on its own.
-    const SpanRoutines* const routines[] = {&litTexture, &colourKeyedLitTexture, &litTextureHalfBlend,
-                                            &colourKeyedLitHalfBlend, &litTextureAdd};
+    const TexturedSpanRoutines* const routines[] = {&litTexture, &colourKeyedLitTexture, &litTextureHalfBlend,
+                                                    &colourKeyedLitHalfBlend, &litTextureAdd};
     const std::vector<RampEntry> ramp = markedTexturedRamp();
     MarkedTexture texture(8, square);
     for (i32 level = 0; level < 64; ++level) {
@@ -131,13 +132,13 @@ TEST_CASE("a 256 x 256 lit texture looks the same addressed as a square and as a
             span.texture = &texture.image();
             span.ramp = ramp.data();
             span.key = 0x87;
-            for (const SpanRoutines* both : routines) {
+            for (const TexturedSpanRoutines* both : routines) {
                 for (const PixelFormat format : {rgb555, rgb565}) {
                     Pixels asSquare(17, 0x1234);
                     Pixels asAny(17, 0x1234);
                     SpanGradients record = span;
                     record.count = 17;
-                    both->squareMap[format](&record, asSquare.data());
+                    both->map256x256[format](&record, asSquare.data());
                     record = span;
                     record.count = 17;
                     both->anyMap[format](&record, asAny.data());

@@ -22,8 +22,8 @@ u32 indexInAnyMap(i32 width, i32 height, i32 u, i32 v)
 u32 indexInSquareMap(i32 u, i32 v)
 {
     TestTexture texture(16, 256, 256, true);
-    const u32 index = SquareMap<Rounding>(texture.image()).indexOf(u, v);
-    CHECK(SquareMap<Truncating>(texture.image()).indexOf(u, v) == index);
+    const u32 index = Map256x256<Rounding>(texture.image()).indexOf(u, v);
+    CHECK(Map256x256<Truncating>(texture.image()).indexOf(u, v) == index);
     return index;
 }
 

@@ -10,31 +10,31 @@ using enum kardeno::tests::Addressing;
 namespace {
 
 struct RowAndTexels {
-    ModeRow::Index row;
+    RenderModeRow row;
     u32 bitsPerTexel;
 };
 
 // The rows that draw spans, which are all but UnlitTexturedShade10.
 constexpr RowAndTexels rowsWithSpans[] = {
-    {ModeRow::FallbackFlat, 0},
-    {ModeRow::FallbackBlend, 0},
-    {ModeRow::UnlitPlain, 0},
-    {ModeRow::UnlitTextured, 16},
-    {ModeRow::UnlitTexturedShade1, 16},
-    {ModeRow::UnlitTranslucent, 0},
-    {ModeRow::UnlitTexturedTranslucent, 16},
-    {ModeRow::UnlitTexturedShade2, 16},
-    {ModeRow::UnlitTexturedShade11, 16},
-    {ModeRow::UnlitPalettised, 8},
-    {ModeRow::LitPlain, 0},
-    {ModeRow::LitTextured, 8},
-    {ModeRow::LitTexturedShade1, 8},
-    {ModeRow::LitTranslucent, 0},
-    {ModeRow::LitTexturedTranslucent, 8},
-    {ModeRow::LitTexturedShade1Translucent, 8},
-    {ModeRow::LitTexturedShade2, 8},
-    {ModeRow::SpareA, 0},
-    {ModeRow::SpareB, 16},
+    {rowFallbackFlat, 0},
+    {rowFallbackBlend, 0},
+    {rowUnlitPlain, 0},
+    {rowUnlitTextured, 16},
+    {rowUnlitTexturedShade1, 16},
+    {rowUnlitTranslucent, 0},
+    {rowUnlitTexturedTranslucent, 16},
+    {rowUnlitTexturedShade2, 16},
+    {rowUnlitTexturedShade11, 16},
+    {rowUnlitPalettised, 8},
+    {rowLitPlain, 0},
+    {rowLitTextured, 8},
+    {rowLitTexturedShade1, 8},
+    {rowLitTranslucent, 0},
+    {rowLitTexturedTranslucent, 8},
+    {rowLitTexturedShade1Translucent, 8},
+    {rowLitTexturedShade2, 8},
+    {rowSpareA, 0},
+    {rowSpareB, 16},
 };
 
 RowSettings settingsOf(const RowAndTexels& row)
@@ -80,24 +80,24 @@ TEST_CASE("the same spans in another order draw the same pixels where the values
 TEST_CASE("the fillers that blend or pack take a bitsPerPixel of 15 as 5-5-5 and anything else as 5-6-5")
 {
     struct Line {
-        ModeRow::Index row;
+        RenderModeRow row;
         u32 bitsPerTexel;
         u16 destination;
         const char* pixel; // the first of the flat set-up in 5-6-5; another in 5-5-5
     };
     // From 0x66dd of the texture, 0x0a6d or 0x0a0a of the ramps, and the flat colour 0x7c21.
     const Line lines[] = {
-        {ModeRow::FallbackBlend, 0, 0x0c63, "3c22"},
-        {ModeRow::UnlitTranslucent, 0, 0x0c63, "3c22"},
-        {ModeRow::UnlitTexturedTranslucent, 16, 0x2108, "43f2"},
-        {ModeRow::UnlitTexturedShade2, 16, 0x4a52, "afff"},
-        {ModeRow::UnlitTexturedShade10, 16, 0x4a52, "afff"},
-        {ModeRow::UnlitTexturedShade11, 16, 0x4a52, "afff"},
-        {ModeRow::LitTranslucent, 0, 0x2108, "1189"},
-        {ModeRow::LitTexturedTranslucent, 8, 0x2108, "11aa"},
-        {ModeRow::LitTexturedShade1Translucent, 8, 0x2108, "11aa"},
-        {ModeRow::LitTexturedShade2, 8, 0x4a52, "449f"},
-        {ModeRow::SpareA, 0, 0x7777, "083f"}, // red 8, green 4, blue 248
+        {rowFallbackBlend, 0, 0x0c63, "3c22"},
+        {rowUnlitTranslucent, 0, 0x0c63, "3c22"},
+        {rowUnlitTexturedTranslucent, 16, 0x2108, "43f2"},
+        {rowUnlitTexturedShade2, 16, 0x4a52, "afff"},
+        {rowUnlitTexturedShade10, 16, 0x4a52, "afff"},
+        {rowUnlitTexturedShade11, 16, 0x4a52, "afff"},
+        {rowLitTranslucent, 0, 0x2108, "1189"},
+        {rowLitTexturedTranslucent, 8, 0x2108, "11aa"},
+        {rowLitTexturedShade1Translucent, 8, 0x2108, "11aa"},
+        {rowLitTexturedShade2, 8, 0x4a52, "449f"},
+        {rowSpareA, 0, 0x7777, "083f"}, // red 8, green 4, blue 248
     };
     for (const Line& line : lines) {
         for (const i32 bitsPerPixel : {16, 24, 32, 8, 0, -15}) {
@@ -120,14 +120,14 @@ TEST_CASE("the tables of the colour-scaled texture take a bitsPerPixel of 16 as 
     for (const i32 bitsPerPixel : {15, 24, 32}) {
         const RowSettings settings = {
             .bitsPerTexel = 16, .channelsOnTheLeft = {255, 255, 255}, .channelsOnTheRight = {255, 255, 255}};
-        RowScene scene(ModeRow::SpareB, settings, bitsPerPixel, any, SetUp::receding);
+        RowScene scene(rowSpareB, settings, bitsPerPixel, any, SetUp::receding);
         CHECK(scene.drawn({{0, 1, 0}}, 0, 0, 1) == "4c00");
     }
 }
 
 TEST_CASE("the pixel format is read anew at every filler call")
 {
-    RowScene scene(ModeRow::UnlitTranslucent, {.destination = 0x0c63, .diffuse = 0x7c21}, 16, any, SetUp::flat);
+    RowScene scene(rowUnlitTranslucent, {.destination = 0x0c63, .diffuse = 0x7c21}, 16, any, SetUp::flat);
     CHECK(scene.drawn({{0, 1, 0}}, 0, 0, 1) == "3c22");
     scene.host.context().bitsPerPixel = 15;
     CHECK(scene.drawn({{0, 1, 0}}, 0, 0, 1) == "4022");
@@ -135,7 +135,7 @@ TEST_CASE("the pixel format is read anew at every filler call")
 
 // A 256 x 256 map of texels 0xYYXX, looked at in row 16 from column 254 on.
 struct AcrossTheRightSide : RowScene {
-    AcrossTheRightSide() : RowScene(ModeRow::UnlitTextured, {.bitsPerTexel = 16}, 16, square, SetUp::flat)
+    AcrossTheRightSide() : RowScene(rowUnlitTextured, {.bitsPerTexel = 16}, 16, square, SetUp::flat)
     {
         for (i32 y = 0; y < 256; ++y) {
             for (i32 x = 0; x < 256; ++x) texture.setTexel(x, y, static_cast<u32>(y * 256 + x));
@@ -166,7 +166,7 @@ TEST_CASE("a 256 x 256 map without the mark reads column 0 of the next row at co
 TEST_CASE("a palettised map of an unlit polygon shows level 63, whatever the polygon's intensity")
 {
     for (const f32 intensity : {0.0f, 5000.0f, -1.0f, 1e30f}) {
-        RowScene scene(ModeRow::UnlitPalettised, {.bitsPerTexel = 8}, 16, square, SetUp::flat);
+        RowScene scene(rowUnlitPalettised, {.bitsPerTexel = 8}, 16, square, SetUp::flat);
         for (f32& corner : scene.polygon.intensity) corner = intensity;
         CHECK(scene.drawn({{0, 4, 0}}, 0, 0, 4) == "3f6d 3f6d 3f5e 3f5f");
     }
@@ -175,7 +175,7 @@ TEST_CASE("a palettised map of an unlit polygon shows level 63, whatever the pol
 TEST_CASE("a colour-keyed span whose texels all have the key's colour writes nothing")
 {
     for (const Addressing addressing : {any, square}) {
-        RowScene scene(ModeRow::UnlitTexturedShade1, {.bitsPerTexel = 16, .transparentColour = 0x1357}, 16, addressing,
+        RowScene scene(rowUnlitTexturedShade1, {.bitsPerTexel = 16, .transparentColour = 0x1357}, 16, addressing,
                        SetUp::flat);
         const i32 size = addressing == square ? 256 : 16;
         for (i32 y = 0; y < size; ++y) {
@@ -188,16 +188,15 @@ TEST_CASE("a colour-keyed span whose texels all have the key's colour writes not
 TEST_CASE("the colour key compares all 16 bits of the texel")
 {
     // 0x66dd is drawn although one bit more, bit 15 that 5-5-5 does not use, would make it the key.
-    RowScene scene(ModeRow::UnlitTexturedShade1, {.bitsPerTexel = 16, .transparentColour = 0xe6dd}, 15, any,
-                   SetUp::flat);
+    RowScene scene(rowUnlitTexturedShade1, {.bitsPerTexel = 16, .transparentColour = 0xe6dd}, 15, any, SetUp::flat);
     CHECK(scene.drawn({{0, 2, 1}}, 1, 0, 2) == "66dd 66dd");
 }
 
 TEST_CASE("a colour-keyed lit span compares the palette index, at every shade, and not the lit colour")
 {
     // Index 5 is the key. The ramp gives it the colour of index 6, and index 7 the colour 0x0005.
-    RowScene scene(ModeRow::LitTexturedShade1, {.bitsPerTexel = 8, .transparentIndex = 5, .transparentColour = 0x0006},
-                   16, square, SetUp::flat);
+    RowScene scene(rowLitTexturedShade1, {.bitsPerTexel = 8, .transparentIndex = 5, .transparentColour = 0x0006}, 16,
+                   square, SetUp::flat);
     for (i32 y = 0; y < 256; ++y) {
         for (i32 x = 0; x < 256; ++x) scene.texture.setTexel(x, y, static_cast<u32>(x & 7));
     }
@@ -217,7 +216,7 @@ TEST_CASE("a colour-keyed lit span compares the palette index, at every shade, a
 TEST_CASE("palette index 0 is never drawn by the colour-keyed lit half blend, whatever transparentIndex says")
 {
     for (const u8 index : {0, 5, 255}) {
-        RowScene scene(ModeRow::LitTexturedShade1Translucent,
+        RowScene scene(rowLitTexturedShade1Translucent,
                        {.bitsPerTexel = 8, .destination = 0x2108, .transparentIndex = index, .texelThatIsZero = 0x5e},
                        16, any, SetUp::flat);
         CHECK(scene.drawn({{0, 4, 1}}, 1, 0, 4) == "11aa 11aa 2108 1233");
@@ -227,14 +226,14 @@ TEST_CASE("palette index 0 is never drawn by the colour-keyed lit half blend, wh
 TEST_CASE("palette index 0 is drawn by the colour-keyed lit texture unless transparentIndex is 0")
 {
     const RowSettings five = {.bitsPerTexel = 8, .transparentIndex = 5, .texelThatIsZero = 0x5e};
-    RowScene drawing(ModeRow::LitTexturedShade1, five, 16, any, SetUp::flat);
+    RowScene drawing(rowLitTexturedShade1, five, 16, any, SetUp::flat);
     CHECK(drawing.drawn({{0, 4, 1}}, 1, 0, 4) == "0a6d 0a6d 0b00 0b5f");
 }
 
 TEST_CASE("palette index 0 is left undrawn by the colour-keyed lit texture when transparentIndex is 0")
 {
     const RowSettings zero = {.bitsPerTexel = 8, .transparentIndex = 0, .texelThatIsZero = 0x5e};
-    RowScene scene(ModeRow::LitTexturedShade1, zero, 16, any, SetUp::flat);
+    RowScene scene(rowLitTexturedShade1, zero, 16, any, SetUp::flat);
     CHECK(scene.drawn({{0, 4, 1}}, 1, 0, 4) == "0a6d 0a6d 7777 0b5f");
 }
 
@@ -243,7 +242,7 @@ TEST_CASE("a channel of the scaled texture that is the same on both sides draws 
     // Channel 128 of a white map: blue 31 x 128 / 255 = 15, green 63 x 128 / 255 = 31, red 15.
     const RowSettings settings = {
         .bitsPerTexel = 16, .channelsOnTheLeft = {128, 128, 128}, .channelsOnTheRight = {128, 128, 128}};
-    RowScene scene(ModeRow::SpareB, settings, 16, any, SetUp::flat);
+    RowScene scene(rowSpareB, settings, 16, any, SetUp::flat);
     for (i32 y = 0; y < 16; ++y) {
         for (i32 x = 0; x < 16; ++x) scene.texture.setTexel(x, y, 0xffff);
     }

@@ -8,7 +8,7 @@ using enum kardeno::tests::Format;
 TEST_CASE("the row FallbackFlat draws the low byte of the face colour twice")
 {
     // clang-format off
-    checkRow(ModeRow::FallbackFlat, {.faceColour = 0x1234, .diffuse = 0x5678}, {
+    checkRow(rowFallbackFlat, {.faceColour = 0x1234, .diffuse = 0x5678}, {
         {both,  any,    SetUp::flat,     "3434 3434 3434 3434 3434 3434 3434 3434 | 3434"},
     });
     // clang-format on
@@ -18,7 +18,7 @@ TEST_CASE("the row FallbackBlend draws the mean of the face colour and the pixel
 {
     // 5-5-5: (0x7801 + 0x0843) / 2. 5-6-5: (0x7401 + 0x0443) / 2.
     // clang-format off
-    checkRow(ModeRow::FallbackBlend, {.destination = 0x0c63, .faceColour = 0x7c21, .diffuse = 0x5678}, {
+    checkRow(rowFallbackBlend, {.destination = 0x0c63, .faceColour = 0x7c21, .diffuse = 0x5678}, {
         {in555, any,    SetUp::flat,     "4022 4022 4022 4022 4022 4022 4022 4022 | 4022"},
         {in565, any,    SetUp::flat,     "3c22 3c22 3c22 3c22 3c22 3c22 3c22 3c22 | 3c22"},
     });
@@ -28,7 +28,7 @@ TEST_CASE("the row FallbackBlend draws the mean of the face colour and the pixel
 TEST_CASE("the row UnlitPlain draws the packed diffuse colour")
 {
     // clang-format off
-    checkRow(ModeRow::UnlitPlain, {.faceColour = 0x1234, .diffuse = 0xfedc}, {
+    checkRow(rowUnlitPlain, {.faceColour = 0x1234, .diffuse = 0xfedc}, {
         {both,  any,    SetUp::flat,     "fedc fedc fedc fedc fedc fedc fedc fedc | fedc"},
     });
     // clang-format on
@@ -37,7 +37,7 @@ TEST_CASE("the row UnlitPlain draws the packed diffuse colour")
 TEST_CASE("the row UnlitTranslucent draws the mean of the packed diffuse colour and the pixel")
 {
     // clang-format off
-    checkRow(ModeRow::UnlitTranslucent, {.destination = 0x0c63, .faceColour = 0x1234, .diffuse = 0x7c21}, {
+    checkRow(rowUnlitTranslucent, {.destination = 0x0c63, .faceColour = 0x1234, .diffuse = 0x7c21}, {
         {in555, any,    SetUp::flat,     "4022 4022 4022 4022 4022 4022 4022 4022 | 4022"},
         {in565, any,    SetUp::flat,     "3c22 3c22 3c22 3c22 3c22 3c22 3c22 3c22 | 3c22"},
     });
@@ -47,7 +47,7 @@ TEST_CASE("the row UnlitTranslucent draws the mean of the packed diffuse colour 
 TEST_CASE("the row UnlitTextured copies the texture, and rounds coordinates on square maps")
 {
     // clang-format off
-    checkRow(ModeRow::UnlitTextured, {.bitsPerTexel = 16}, {
+    checkRow(rowUnlitTextured, {.bitsPerTexel = 16}, {
         {both,  square, SetUp::flat,     "66dd 66dd 55ee 55ff 4400 4400 3311 3322 | 2233"},
         {both,  any,    SetUp::flat,     "66dd 66dd 55ee 55ff 5500 5500 4411 4422 | 3333"},
         {both,  square, SetUp::receding, "cc00 bb00 bb00 bb00 bb11 bb11 bb11 bb11 | bb22"},
@@ -60,7 +60,7 @@ TEST_CASE("the row UnlitTexturedShade1 copies the texture but for texels of the 
 {
     const RowSettings settings = {.bitsPerTexel = 16, .transparentIndex = 0xdd, .transparentColour = 0x55ff};
     // clang-format off
-    checkRow(ModeRow::UnlitTexturedShade1, settings, {
+    checkRow(rowUnlitTexturedShade1, settings, {
         {both,  square, SetUp::flat,     "66dd 66dd 55ee 7777 4400 4400 3311 3322 | 2233"},
         {both,  any,    SetUp::flat,     "66dd 66dd 55ee 7777 5500 5500 4411 4422 | 3333"},
         {both,  square, SetUp::receding, "cc00 bb00 bb00 bb00 bb11 bb11 bb11 bb11 | bb22"},
@@ -72,7 +72,7 @@ TEST_CASE("the row UnlitTexturedShade1 copies the texture but for texels of the 
 TEST_CASE("the row UnlitTexturedTranslucent half blends the texture")
 {
     // clang-format off
-    checkRow(ModeRow::UnlitTexturedTranslucent, {.bitsPerTexel = 16, .destination = 0x2108}, {
+    checkRow(rowUnlitTexturedTranslucent, {.bitsPerTexel = 16, .destination = 0x2108}, {
         {in555, square, SetUp::flat,     "41f2 41f2 396b 3973 3084 3084 2a0c 2a05 | 218d"},
         {in565, square, SetUp::flat,     "43f2 43f2 3b6b 3b73 3284 3284 2a0c 2a05 | 218d"},
         {in555, any,    SetUp::flat,     "41f2 41f2 396b 3973 3904 3904 308c 3085 | 2a0d"},
@@ -88,7 +88,7 @@ TEST_CASE("the row UnlitTexturedTranslucent half blends the texture")
 TEST_CASE("the row UnlitTexturedShade2 adds the texture")
 {
     // clang-format off
-    checkRow(ModeRow::UnlitTexturedShade2, {.bitsPerTexel = 16, .destination = 0x4a52}, {
+    checkRow(rowUnlitTexturedShade2, {.bitsPerTexel = 16, .destination = 0x4a52}, {
         {in555, square, SetUp::flat,     "ffff ffff ffff ffff fe52 fe52 7fff 7ff4 | 6fff"},
         {in565, square, SetUp::flat,     "afff afff 9fff 9fff 8652 8652 757f 7554 | 647f"},
         {in555, any,    SetUp::flat,     "ffff ffff ffff ffff ff52 ff52 fe7f fe54 | 7fff"},
@@ -104,7 +104,7 @@ TEST_CASE("the row UnlitTexturedShade2 adds the texture")
 TEST_CASE("the row UnlitTexturedShade11 adds the texture as UnlitTexturedShade2 does")
 {
     // clang-format off
-    checkRow(ModeRow::UnlitTexturedShade11, {.bitsPerTexel = 16, .destination = 0x4a52}, {
+    checkRow(rowUnlitTexturedShade11, {.bitsPerTexel = 16, .destination = 0x4a52}, {
         {in555, square, SetUp::flat,     "ffff ffff ffff ffff fe52 fe52 7fff 7ff4 | 6fff"},
         {in565, square, SetUp::flat,     "afff afff 9fff 9fff 8652 8652 757f 7554 | 647f"},
         {in555, any,    SetUp::flat,     "ffff ffff ffff ffff ff52 ff52 fe7f fe54 | 7fff"},
@@ -120,7 +120,7 @@ TEST_CASE("the row UnlitTexturedShade11 adds the texture as UnlitTexturedShade2 
 TEST_CASE("the row UnlitPalettised draws palette indices at level 63, and truncates coordinates on any map")
 {
     // clang-format off
-    checkRow(ModeRow::UnlitPalettised, {.bitsPerTexel = 8}, {
+    checkRow(rowUnlitPalettised, {.bitsPerTexel = 8}, {
         {both,  square, SetUp::flat,     "3f6d 3f6d 3f5e 3f5f 3f40 3f40 3f31 3f32 | 3f23"},
         {both,  any,    SetUp::flat,     "3f6d 3f6d 3f5e 3f5f 3f50 3f50 3f41 3f42 | 3f33"},
         {both,  square, SetUp::receding, "3fc0 3fb0 3fb0 3fb0 3fb0 3fb1 3fb1 3fb1 | 3fa1"},

@@ -1,4 +1,4 @@
-#include "raster/unshaded_textures.h"
+#include "raster/unlit_textures.h"
 #include "tests/raster/filler_setup.h"
 
 using namespace kardeno;

@@ -33,7 +33,7 @@ std::string drawnRows(RowScene& scene, i32 x, i32 xEnd)
 
 // A map whose texels are all 0x0001 adds 1 to the blue of every pixel: 0x4a52 becomes 0x4a53 in 5-5-5.
 struct PlainScene : RowScene {
-    PlainScene() : RowScene(ModeRow::UnlitTexturedShade10, additive, 15, any, SetUp::flat)
+    PlainScene() : RowScene(rowUnlitTexturedShade10, additive, 15, any, SetUp::flat)
     {
         for (i32 y = 0; y < 16; ++y) {
             for (i32 x = 0; x < 16; ++x) texture.setTexel(x, y, 1);
@@ -95,7 +95,7 @@ TEST_CASE("the row UnlitTexturedShade10 adds the texture on every row of the out
     // clang-format on
     for (const Line& line : lines) {
         CAPTURE(line.pixels);
-        RowScene scene(ModeRow::UnlitTexturedShade10, additive, line.bitsPerPixel, line.addressing, line.setUp);
+        RowScene scene(rowUnlitTexturedShade10, additive, line.bitsPerPixel, line.addressing, line.setUp);
         CHECK(drawnRows(scene, 0, 9) == joined(Picture(4, line.pixels)));
     }
 }
@@ -205,7 +205,7 @@ TEST_CASE("a whole outline over a drawn rectangle with negative columns draws th
 TEST_CASE("a whole outline that is cut on the left goes on with the values of its first drawn column")
 {
     // The flat set-up from column 4 on: texels (0, 5), (0, 5), (1, 4), ... of any map.
-    RowScene scene(ModeRow::UnlitTexturedShade10, additive, 16, any, SetUp::flat);
+    RowScene scene(rowUnlitTexturedShade10, additive, 16, any, SetUp::flat);
     drawnRectangle = {.left = 4, .top = 0, .right = 40, .bottom = 4};
     CHECK(drawnRows(scene, 0, 9) == joined(Picture(4, "4a52 4a52 4a52 4a52 9752 9752 867f 8654 | 757f")));
 }
@@ -213,7 +213,7 @@ TEST_CASE("a whole outline that is cut on the left goes on with the values of it
 TEST_CASE("a whole outline starts with the left values at the left column, where it is not cut")
 {
     // Moved 3 columns to the right, it draws there what it drew from column 0 on.
-    RowScene scene(ModeRow::UnlitTexturedShade10, additive, 16, square, SetUp::receding);
+    RowScene scene(rowUnlitTexturedShade10, additive, 16, square, SetUp::receding);
     for (i32 i = 0; i < 4; ++i) scene.polygon.screenX[i] += 3;
     CHECK(drawnRows(scene, 0, 12)
           == joined(Picture(4, "4a52 4a52 4a52 fe52 f552 f552 f552 f552 | f57f f57f f57f e47f")));

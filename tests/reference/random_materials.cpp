@@ -8,19 +8,6 @@ namespace {
 
 using reference::Row;
 
-constexpr u32 rowBytes = 36;
-
-// The library's private record: a pointer to a row, and one to a shade ramp.
-struct PrivateWords {
-    u8* mode;
-    u32* ramp;
-};
-
-PrivateWords& privateWords(const SceneMaterial& material)
-{
-    return *reinterpret_cast<PrivateWords*>(material.renderPrivate);
-}
-
 struct TextureKind {
     i32 width, height;
     bool fast;
@@ -135,7 +122,7 @@ TestMaterial& addMaterial(TestScene& scene, reference::Renderer& model, Row row,
     model.materials.add(&material);
     setRenderState(material, model, recipe.state);
     if (row == Row::spareA || row == Row::spareB) { // from FallbackFlat, the first row of the table
-        privateWords(material).mode += static_cast<u32>(row) * rowBytes;
+        material.renderPrivate->mode += static_cast<u32>(row);
         model.materials.pointAt(&material, row);
     }
     return material;
@@ -156,12 +143,12 @@ void setRenderState(TestMaterial& material, reference::Renderer& model, i32 stat
 
 const u32* libraryRamp(const SceneMaterial& material)
 {
-    return privateWords(material).ramp;
+    return material.renderPrivate->shadeRamp;
 }
 
 i32 libraryRow(const SceneMaterial& material, const SceneMaterial& ofFallbackFlat)
 {
-    return static_cast<i32>((privateWords(material).mode - privateWords(ofFallbackFlat).mode) / rowBytes);
+    return static_cast<i32>(material.renderPrivate->mode - ofFallbackFlat.renderPrivate->mode);
 }
 
 } // namespace kardeno::tests

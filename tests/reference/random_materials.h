@@ -1,11 +1,13 @@
 // Materials that are made in the library and in the reference renderer alike, and the textures that they use.
 #pragma once
 
+#include "scenes/random_numbers.h"
 #include "tests/reference/reference_renderer.h"
-#include "tests/support/random_numbers.h"
 #include "tests/support/test_scene.h"
 
 namespace kardeno::tests {
+
+using scenes::RandomNumbers;
 
 // What a host says to have a material drawn by a row. `texelBits` 0: no texture.
 struct MaterialRecipe {

@@ -2,7 +2,7 @@
 // integers that wrap.
 #pragma once
 
-#include "support/types.h"
+#include "kardeno_soft/types.h"
 
 #include <cstring>
 #include <limits>

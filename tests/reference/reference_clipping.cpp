@@ -96,7 +96,7 @@ Corner intersection(const Corner& outside, const Corner& inside, Plane plane, co
 
 } // namespace
 
-u32 insideBit(Plane plane)
+u32 outcodeBit(Plane plane)
 {
     switch (plane) {
     case Plane::nearPlane: return outcodeNear;
@@ -111,7 +111,7 @@ u32 insideBit(Plane plane)
 bool clip(Polygon& polygon, Plane plane, const Format& format, const RenderView& view)
 {
     const std::vector<Attribute> attributes = interpolatedBy(plane, format);
-    const u32 bit = insideBit(plane);
+    const u32 bit = outcodeBit(plane);
     std::vector<Corner> result;
     const size_t count = polygon.corners.size();
     for (size_t i = 0; i < count; ++i) {
@@ -130,7 +130,7 @@ bool clip(Polygon& polygon, Plane plane, const Format& format, const RenderView&
 bool clipToScreen(Polygon& polygon, u32 outcodes, const Format& format, const RenderView& view)
 {
     for (const Plane plane : {Plane::right, Plane::left, Plane::bottom, Plane::top}) {
-        if (!(outcodes & insideBit(plane)) && !clip(polygon, plane, format, view)) return false;
+        if (!(outcodes & outcodeBit(plane)) && !clip(polygon, plane, format, view)) return false;
     }
     return true;
 }

@@ -7,7 +7,7 @@ namespace kardeno::reference {
 
 enum class Plane { nearPlane, farPlane, right, left, bottom, top };
 
-u32 insideBit(Plane plane);
+u32 outcodeBit(Plane plane);
 
 // Cuts the outline at one plane. False when the polygon is to be dropped: fewer than 3 corners are left, or more than
 // 16.

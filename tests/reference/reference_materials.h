@@ -2,7 +2,7 @@
 // lies beside the host's records: what the host's materials point at belongs to the library under test.
 #pragma once
 
-#include "interface/host_records.h"
+#include "kardeno_soft/host_records.h"
 
 #include <array>
 #include <map>

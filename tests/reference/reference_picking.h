@@ -1,7 +1,7 @@
 // The reference renderer's test of one face against a screen point.
 #pragma once
 
-#include "interface/host_records.h"
+#include "kardeno_soft/host_records.h"
 
 #include <optional>
 

@@ -2,7 +2,7 @@
 // The same bytes make the same scene on every machine.
 #pragma once
 
-#include "support/types.h"
+#include "kardeno_soft/types.h"
 
 #include <bit>
 #include <cstddef>

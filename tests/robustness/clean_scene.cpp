@@ -1,5 +1,6 @@
 #include "tests/robustness/clean_scene.h"
 
+#include "interface/render_mode_table.h"
 #include "tests/robustness/row_needs.h"
 
 #include <map>
@@ -70,7 +71,7 @@ CleanScene::CleanScene(TestHost& host)
     TestMaterial& ground = scene.addMaterial(0);
     ground.diffuseColour.packed = 0x1111;
     scene.addFace(object, ground, {{-20, -20, 9}, {-20, 30, 9}, {30, 44, 9}, {90, 30, 9}, {90, -20, 9}});
-    for (u32 row = 0; row < ModeRow::count; ++row) addFacesOfRow(object, row);
+    for (u32 row = 0; row < renderModeRowCount; ++row) addFacesOfRow(object, row);
 }
 
 // Two slanted faces side by side: one with a map of any size, one with a map of 256 x 256.

@@ -1,5 +1,6 @@
 #include "tests/robustness/hostile_scene.h"
 
+#include "interface/render_mode_table.h"
 #include "support/arithmetic.h"
 #include "tests/robustness/row_needs.h"
 
@@ -216,7 +217,7 @@ void HostileScene::pointAtAnyRow(TestMaterial& material)
 {
     Kardeno_Set_Material_Render_State_Dll(&material, 1); // for the ramp
     const bool palettised = material.textureMap && material.textureMap->image->bitsPerTexel == 8;
-    for (u32 row = static_cast<u32>(source.below(ModeRow::count));; row = (row + 1) % ModeRow::count) {
+    for (u32 row = static_cast<u32>(source.below(renderModeRowCount));; row = (row + 1) % renderModeRowCount) {
         const RowNeeds needs = needsOf(row);
         const bool met = needs == RowNeeds::nothing || (needs == RowNeeds::ramp && material.renderPrivate->shadeRamp)
                          || (needs == RowNeeds::texels16 && material.textureMap && !palettised)

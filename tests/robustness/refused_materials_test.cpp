@@ -1,4 +1,4 @@
-#include "interface/render_modes.h"
+#include "interface/render_mode_table.h"
 #include "tests/support/test_scene.h"
 
 #include <doctest/doctest.h>
@@ -55,7 +55,7 @@ TEST_CASE("a material whose ramp is refused keeps the row that it had, and is dr
     TestMaterial& material = scene.addMaterial(0);
     material.diffuseColour.packed = 0x1234;
     scene.addFace(scene.addRoot(), material, TestScene::rectangle(1, 0, 3, 1));
-    const RenderMode* const plain = &RenderModeTable[ModeRow::UnlitPlain];
+    const RenderMode* const plain = &RenderModeTable[rowUnlitPlain];
 
     host.refuse(1);
     CHECK(Kardeno_Set_Material_Render_State_Dll(&material, 1) == 0);
@@ -70,7 +70,7 @@ TEST_CASE("a material whose ramp is refused keeps the row that it had, and is dr
     CHECK(Kardeno_Set_Material_Render_State_Dll(&material, 1) == 1);
     REQUIRE(host.calls.size() == 1);
     CHECK(host.calls[0].bytes == 256);
-    CHECK(material.renderPrivate->mode == &RenderModeTable[ModeRow::LitPlain]);
+    CHECK(material.renderPrivate->mode == &RenderModeTable[rowLitPlain]);
 }
 
 TEST_CASE("every allocation of palettised materials refused in turn: each says so, and each works when tried again")

@@ -1,8 +1,8 @@
 // Two faces that share a side are cut at bit-identical points: by every clipper alone, and on the way through a frame.
 #include "geometry/plane_clipping.h"
 #include "geometry/polygon_lists.h"
-#include "tests/scenes/random_scene.h"
-#include "tests/scenes/seeds.h"
+#include "scenes/random_scene.h"
+#include "tests/support/seeds.h"
 #include "tests/support/test_view.h"
 
 #include <array>
@@ -44,13 +44,13 @@ RandomVertex randomVertex(RandomNumbers& random, const RenderView& view, bool in
     RandomVertex vertex;
     for (f32& value : vertex.values) value = static_cast<f32>(random.real(-700, 700));
     constexpr bool innerSideIsAbove =
-        Plane::insideBit == outcodeNear || Plane::insideBit == outcodeLeft || Plane::insideBit == outcodeTop;
+        Plane::outcodeBit == outcodeNear || Plane::outcodeBit == outcodeLeft || Plane::outcodeBit == outcodeTop;
     const f64 away = random.real(0.001, 500) * (inside == innerSideIsAbove ? 1 : -1);
     for (i32 i = 0; i < 12; ++i) {
         if (everyArray[i] == Plane::Tested::values) vertex.values[i] = static_cast<f32>(Plane::bound(view) + away);
     }
-    vertex.outcode = random.next() & outcodeAll & ~u32{Plane::insideBit};
-    if (inside) vertex.outcode |= Plane::insideBit;
+    vertex.outcode = random.next() & outcodeAll & ~u32{Plane::outcodeBit};
+    if (inside) vertex.outcode |= Plane::outcodeBit;
     return vertex;
 }
 

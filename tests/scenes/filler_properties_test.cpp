@@ -1,8 +1,8 @@
 // Properties of the span fillers: what they draw is looked up again, pixel by pixel, at the texel and the light level that
 // two plain fillers find there.
-#include "interface/render_modes.h"
-#include "tests/scenes/random_scene.h"
-#include "tests/scenes/seeds.h"
+#include "host/render_modes.h"
+#include "scenes/random_scene.h"
+#include "tests/support/seeds.h"
 #include "tests/support/test_frame.h"
 
 #include <cstring>
@@ -97,10 +97,10 @@ public:
         return scene.addMaterial(surfaceOfRow(row, 1, sixteenBits, palettised));
     }
 
-    // `squareMap`: with the addressing that is only for 256 x 256 maps, or with the one for all.
-    TestFrame draw(Material& material, bool squareMap, bool overBackground = true)
+    // `map256x256`: with the addressing that is only for 256 x 256 maps, or with the one for all.
+    TestFrame draw(Material& material, bool map256x256, bool overBackground = true)
     {
-        for (Texture* texture : {&places, &trueColour, &palettised}) texture->image().is256x256 = squareMap;
+        for (Texture* texture : {&places, &trueColour, &palettised}) texture->image().is256x256 = map256x256;
         face->material = &material;
         TestFrame frame(frameWidth, frameHeight, 0xffff);
         if (overBackground) {

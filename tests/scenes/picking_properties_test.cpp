@@ -1,7 +1,7 @@
 // Picking and drawing agree about which face lies at a pixel.
 #include "geometry/polygon_lists.h"
-#include "tests/scenes/random_scene.h"
-#include "tests/scenes/seeds.h"
+#include "scenes/random_scene.h"
+#include "tests/support/seeds.h"
 #include "tests/support/test_frame.h"
 
 using namespace kardeno;

@@ -1,7 +1,7 @@
 // Properties of hidden-surface removal that hold for any scene, or for any scene without intersections.
+#include "scenes/random_scene.h"
 #include "tests/scenes/frame_spans.h"
-#include "tests/scenes/random_scene.h"
-#include "tests/scenes/seeds.h"
+#include "tests/support/seeds.h"
 #include "tests/support/test_frame.h"
 
 #include <algorithm>

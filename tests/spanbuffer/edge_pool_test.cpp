@@ -14,14 +14,14 @@ static void addEdgeLast(SpanScene& scene, f32 x, f32 y)
     scene.add({{x + 4, y}, {x, y}, {x, y + 4}, {x + 4, y + 4}});
 }
 
-static Filing fileOnce(SpanScene& scene)
+static EdgePass fileOnce(SpanScene& scene)
 {
-    ResetEdgeTable(&scene.view.record);
+    ResetEdgeTable(scene.drawn());
     for (ScreenPolygon& polygon : scene.polygons) {
-        const Filing result = AddPolygonEdges(&scene.view.record, &polygon);
-        if (result != Filing::done) return result;
+        const EdgePass result = AddPolygonEdges(scene.host.context(), scene.drawn(), &polygon);
+        if (result != EdgePass::done) return result;
     }
-    return Filing::done;
+    return EdgePass::done;
 }
 
 TEST_CASE("the first polygon ever filed grows the pool from nothing, files nothing and asks for a restart")
@@ -31,7 +31,7 @@ TEST_CASE("the first polygon ever filed grows the pool from nothing, files nothi
     CHECK(EdgePool.edges == nullptr);
     CHECK(EdgePool.capacity == 0);
 
-    CHECK(fileOnce(scene) == Filing::poolGrew);
+    CHECK(fileOnce(scene) == EdgePass::poolGrew);
 
     REQUIRE(scene.host.calls.size() == 1);
     CHECK(scene.host.calls[0].kind == ServiceCall::realloc);
@@ -42,7 +42,7 @@ TEST_CASE("the first polygon ever filed grows the pool from nothing, files nothi
     CHECK(EdgePool.capacity == 4096);
     CHECK(edgesStartingOn(10).empty());
 
-    CHECK(fileOnce(scene) == Filing::done);
+    CHECK(fileOnce(scene) == EdgePass::done);
     CHECK(EdgePool.count == 2);
     CHECK(scene.host.calls.size() == 1);
 }
@@ -51,8 +51,8 @@ TEST_CASE("room is asked for before a side is looked at: a polygon on one row gr
 {
     SpanScene scene;
     scene.add({{1, 10}, {5, 10}, {3, 10}});
-    CHECK(fileOnce(scene) == Filing::poolGrew);
-    CHECK(fileOnce(scene) == Filing::done);
+    CHECK(fileOnce(scene) == EdgePass::poolGrew);
+    CHECK(fileOnce(scene) == EdgePass::done);
     CHECK(EdgePool.count == 0);
 }
 
@@ -60,7 +60,7 @@ TEST_CASE("a pool that is exactly full is enough when the last side filed is an 
 {
     SpanScene scene;
     for (i32 i = 0; i < 2048; ++i) addEdgeLast(scene, static_cast<f32>(i % 64), static_cast<f32>(i / 64));
-    CHECK(scene.file() == Filing::done);
+    CHECK(scene.buildEdgeTable() == EdgePass::done);
     CHECK(EdgePool.count == 4096);
     CHECK(EdgePool.capacity == 4096);
 }
@@ -70,7 +70,7 @@ TEST_CASE("a horizontal side asks for room in a full pool")
     SpanScene scene;
     for (i32 i = 0; i < 2048; ++i) addEdgeLast(scene, static_cast<f32>(i % 64), static_cast<f32>(i / 64));
     scene.add({{1, 10}, {5, 10}, {3, 10}});
-    CHECK(scene.file() == Filing::done);
+    CHECK(scene.buildEdgeTable() == EdgePass::done);
     CHECK(EdgePool.count == 4096);
     CHECK(EdgePool.capacity == 8192);
 }
@@ -80,7 +80,7 @@ TEST_CASE("a side above the first row asks for room in a full pool, though it ta
     SpanScene scene({.top = 2, .bottom = 200});
     for (i32 i = 0; i < 2048; ++i) addEdgeLast(scene, static_cast<f32>(i % 64), static_cast<f32>(i / 64 + 2));
     scene.addRectangle(1, 0, 5, 2);
-    CHECK(scene.file() == Filing::done);
+    CHECK(scene.buildEdgeTable() == EdgePass::done);
     CHECK(EdgePool.count == 4096);
     CHECK(EdgePool.capacity == 8192);
 }
@@ -90,7 +90,7 @@ TEST_CASE("a pass needs one restart for each step of 4,096 records")
     SpanScene scene;
     for (i32 i = 0; i < 4500; ++i) scene.addRectangle(static_cast<f32>(i % 90), static_cast<f32>(i / 90), 100, 60);
     i32 restarts = 0;
-    while (fileOnce(scene) == Filing::poolGrew) ++restarts;
+    while (fileOnce(scene) == EdgePass::poolGrew) ++restarts;
 
     CHECK(restarts == 3); // 9,000 edges
     CHECK(EdgePool.count == 9000);
@@ -108,12 +108,12 @@ TEST_CASE("a growth files nothing more, and the side that found the pool full is
     SpanScene scene;
     for (i32 i = 0; i < 2048; ++i) addEdgeLast(scene, static_cast<f32>(i % 64), static_cast<f32>(i / 64));
     scene.addRectangle(50, 100, 60, 110);
-    REQUIRE(fileOnce(scene) == Filing::poolGrew); // from nothing
-    REQUIRE(fileOnce(scene) == Filing::poolGrew);
+    REQUIRE(fileOnce(scene) == EdgePass::poolGrew); // from nothing
+    REQUIRE(fileOnce(scene) == EdgePass::poolGrew);
     CHECK(EdgePool.count == 4096);
     CHECK(edgesStartingOn(100).empty());
 
-    CHECK(fileOnce(scene) == Filing::done);
+    CHECK(fileOnce(scene) == EdgePass::done);
     CHECK(EdgePool.count == 4098);
     CHECK(edgesStartingOn(100).size() == 2);
 }
@@ -123,11 +123,11 @@ TEST_CASE("a refused first growth leaves the pool empty and says so")
     SpanScene scene;
     scene.addRectangle(10, 10, 20, 20);
     scene.host.refuse(1);
-    CHECK(fileOnce(scene) == Filing::poolRefused);
+    CHECK(fileOnce(scene) == EdgePass::poolRefused);
     CHECK(EdgePool.edges == nullptr);
     CHECK(EdgePool.capacity == 0);
 
-    CHECK(scene.file() == Filing::done); // the next frame asks again
+    CHECK(scene.buildEdgeTable() == EdgePass::done); // the next frame asks again
     CHECK(EdgePool.capacity == 4096);
 }
 
@@ -136,11 +136,11 @@ TEST_CASE("a refused later growth keeps base and capacity, and the next pass ask
     SpanScene scene;
     for (i32 i = 0; i < 2049; ++i) addEdgeLast(scene, static_cast<f32>(i % 64), static_cast<f32>(i / 64));
     scene.host.refuse(2);
-    CHECK(scene.file() == Filing::poolRefused);
+    CHECK(scene.buildEdgeTable() == EdgePass::poolRefused);
     CHECK(EdgePool.capacity == 4096);
     CHECK(EdgePool.edges == scene.host.calls[0].result);
 
-    CHECK(scene.file() == Filing::done);
+    CHECK(scene.buildEdgeTable() == EdgePass::done);
     const auto reallocs = scene.host.reallocs();
     REQUIRE(reallocs.size() == 3);
     CHECK(reallocs[1].bytes == 2 * stepBytes);
@@ -151,7 +151,7 @@ TEST_CASE("a refused later growth keeps base and capacity, and the next pass ask
 
 TEST_CASE("the results of filing are 0, 1 and 2")
 {
-    CHECK(static_cast<i32>(Filing::done) == 0);
-    CHECK(static_cast<i32>(Filing::poolGrew) == 1);
-    CHECK(static_cast<i32>(Filing::poolRefused) == 2);
+    CHECK(static_cast<i32>(EdgePass::done) == 0);
+    CHECK(static_cast<i32>(EdgePass::poolGrew) == 1);
+    CHECK(static_cast<i32>(EdgePass::poolRefused) == 2);
 }

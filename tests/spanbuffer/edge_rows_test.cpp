@@ -11,7 +11,7 @@ TEST_CASE("a side that begins above the first row is filed on the first row, mov
 {
     SpanScene scene({.top = 10, .bottom = 20});
     scene.add({{0, 4}, {12, 16}, {40, 16}, {40, 4}}); // one column a row: on row 10 at column 6
-    REQUIRE(scene.file() == Filing::done);
+    REQUIRE(scene.buildEdgeTable() == EdgePass::done);
 
     REQUIRE(EdgePool.count == 2);
     CHECK(EdgePool.edges[0].x == 6 * 65536);
@@ -24,7 +24,7 @@ TEST_CASE("a moved side is moved by its truncated step, row by row")
 {
     SpanScene scene({.top = 10, .bottom = 20});
     scene.add({{0, 7}, {10, 14}, {40, 14}, {40, 7}});
-    REQUIRE(scene.file() == Filing::done);
+    REQUIRE(scene.buildEdgeTable() == EdgePass::done);
 
     CHECK(EdgePool.edges[0].xStep == 93622); // 10 / 7 x 65,536 = 93,622.86
     CHECK(EdgePool.edges[0].x == 3 * 93622); // and not 280,868
@@ -34,7 +34,7 @@ TEST_CASE("a side that ends at or above the first row makes no edge and takes no
 {
     SpanScene scene({.top = 10, .bottom = 20});
     scene.add({{0, 4}, {0, 10}, {40, 9}, {40, 3}});
-    REQUIRE(scene.file() == Filing::done);
+    REQUIRE(scene.buildEdgeTable() == EdgePass::done);
     CHECK(EdgePool.count == 0);
     CHECK(edgesStartingOn(10).empty());
 }
@@ -44,7 +44,7 @@ TEST_CASE("rows from the bottom on are cut off")
     SpanScene scene({.top = 10, .bottom = 20});
     scene.addRectangle(5, 16, 9, 26);
     scene.addRectangle(5, 20, 9, 26); // wholly below
-    REQUIRE(scene.file() == Filing::done);
+    REQUIRE(scene.buildEdgeTable() == EdgePass::done);
 
     CHECK(EdgePool.count == 2);
     CHECK(edgesStartingOn(16).size() == 2);
@@ -55,7 +55,7 @@ TEST_CASE("the first and the last row are those of the truncated rectangle")
 {
     SpanScene scene({.top = 10.75f, .bottom = 20.75f});
     scene.addRectangle(5, 8, 9, 30);
-    REQUIRE(scene.file() == Filing::done);
+    REQUIRE(scene.buildEdgeTable() == EdgePass::done);
 
     CHECK(edgesStartingOn(10).size() == 2);
     CHECK(edgesEndingOn(19).size() == 2);
@@ -81,7 +81,7 @@ TEST_CASE("edges beyond the right guard are filed directly before it, sorted amo
     scene.addRectangle(50, 0, 104, 4);
     scene.addRectangle(60, 0, 102, 4);
     scene.addRectangle(70, 0, 103, 4);
-    REQUIRE(scene.file() == Filing::done);
+    REQUIRE(scene.buildEdgeTable() == EdgePass::done);
 
     std::vector<i32> columns;
     for (const ScanEdge* edge : edgesStartingOn(0)) columns.push_back(edge->x >> 16);
@@ -142,7 +142,7 @@ TEST_CASE("a corner whose position is no number files an edge at the smallest x 
 {
     SpanScene scene({.right = 100, .bottom = 4});
     const ScreenPolygon& broken = scene.addRectangle(__builtin_nanf(""), 0, 50, 4);
-    REQUIRE(scene.file() == Filing::done);
+    REQUIRE(scene.buildEdgeTable() == EdgePass::done);
     CHECK(EdgePool.edges[0].x == smallestI32);
 
     scene.resolve();

@@ -25,9 +25,9 @@ TEST_CASE("a new span goes to the front of its polygon's list")
     TestHost host;
     ScreenPolygon one = withoutSpans();
     ScreenPolygon other = withoutSpans();
-    CHECK(appendSpan(one, 3, 8, 5));
-    CHECK(appendSpan(other, 8, 9, 5));
-    CHECK(appendSpan(one, 9, 10, 5));
+    CHECK(appendSpan(host.context(), one, 3, 8, 5));
+    CHECK(appendSpan(host.context(), other, 8, 9, 5));
+    CHECK(appendSpan(host.context(), one, 9, 10, 5));
 
     CHECK(one.spanHead == 2);
     CHECK(other.spanHead == 1);
@@ -43,8 +43,8 @@ TEST_CASE("a run of no length, or of less, makes no span and does not grow the p
 {
     TestHost host;
     ScreenPolygon polygon = withoutSpans();
-    CHECK(appendSpan(polygon, 8, 8, 5));
-    CHECK(appendSpan(polygon, 8, 3, 5));
+    CHECK(appendSpan(host.context(), polygon, 8, 8, 5));
+    CHECK(appendSpan(host.context(), polygon, 8, 3, 5));
     CHECK(polygon.spanHead == -1);
     CHECK(host.calls.empty());
 }
@@ -53,10 +53,10 @@ TEST_CASE("the pool grows from nothing by 4,096 spans, and by as many again when
 {
     TestHost host;
     ScreenPolygon polygon = withoutSpans();
-    for (i32 i = 0; i < 4096; ++i) REQUIRE(appendSpan(polygon, i, i + 1, 0));
+    for (i32 i = 0; i < 4096; ++i) REQUIRE(appendSpan(host.context(), polygon, i, i + 1, 0));
     CHECK(host.calls.size() == 1);
     CHECK(SpanPool.capacity == 4096);
-    REQUIRE(appendSpan(polygon, 7, 9, 1));
+    REQUIRE(appendSpan(host.context(), polygon, 7, 9, 1));
 
     REQUIRE(host.calls.size() == 2);
     CHECK(host.calls[0].block == nullptr);
@@ -73,11 +73,11 @@ TEST_CASE("Intended: a refused growth leaves the capacity raised and moves the s
 {
     TestHost host;
     ScreenPolygon polygon = withoutSpans();
-    for (i32 i = 0; i < 4096; ++i) REQUIRE(appendSpan(polygon, i, i + 1, 0));
+    for (i32 i = 0; i < 4096; ++i) REQUIRE(appendSpan(host.context(), polygon, i, i + 1, 0));
     const void* const block = SpanPool.spans;
 
     host.refuse(1);
-    CHECK_FALSE(appendSpan(polygon, 7, 9, 1));
+    CHECK_FALSE(appendSpan(host.context(), polygon, 7, 9, 1));
 
     CHECK(SpanPool.capacity == 8192);
     CHECK(addressOf(SpanPool.spans) == addressOf(block) - stepBytes);
@@ -90,10 +90,10 @@ TEST_CASE("the frame after a refused growth starts from the block that is there,
 {
     TestHost host;
     ScreenPolygon polygon = withoutSpans();
-    for (i32 i = 0; i < 4096; ++i) REQUIRE(appendSpan(polygon, i, i + 1, 0));
+    for (i32 i = 0; i < 4096; ++i) REQUIRE(appendSpan(host.context(), polygon, i, i + 1, 0));
     const void* const block = SpanPool.spans;
     host.refuse(1);
-    CHECK_FALSE(appendSpan(polygon, 7, 9, 1));
+    CHECK_FALSE(appendSpan(host.context(), polygon, 7, 9, 1));
     host.calls.clear();
 
     resetSpanPool();
@@ -102,7 +102,7 @@ TEST_CASE("the frame after a refused growth starts from the block that is there,
     CHECK(SpanPool.count == 0);
 
     polygon.spanHead = -1;
-    for (i32 i = 0; i < 4097; ++i) REQUIRE(appendSpan(polygon, i, i + 1, 0));
+    for (i32 i = 0; i < 4097; ++i) REQUIRE(appendSpan(host.context(), polygon, i, i + 1, 0));
     REQUIRE(host.calls.size() == 1);
     CHECK(host.calls[0].block == block);
     CHECK(host.calls[0].bytes == 2 * stepBytes);
@@ -113,13 +113,13 @@ TEST_CASE("after a refused first growth the next frame asks for a first block ag
     TestHost host;
     ScreenPolygon polygon = withoutSpans();
     host.refuse(1);
-    CHECK_FALSE(appendSpan(polygon, 7, 9, 1));
+    CHECK_FALSE(appendSpan(host.context(), polygon, 7, 9, 1));
     CHECK(polygon.spanHead == -1);
     CHECK(SpanPool.capacity == 4096);
     CHECK(addressOf(SpanPool.spans) == addressOf(nullptr) - stepBytes);
 
     resetSpanPool();
-    CHECK(appendSpan(polygon, 7, 9, 1));
+    CHECK(appendSpan(host.context(), polygon, 7, 9, 1));
     REQUIRE(host.calls.size() == 2);
     CHECK(host.calls[1].block == nullptr);
     CHECK(host.calls[1].bytes == stepBytes);

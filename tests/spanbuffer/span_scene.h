@@ -68,8 +68,8 @@ public:
     explicit SpanScene(const TestView::Settings& settings = {}) : view(settings)
     {
         setStackEnds();
-        setGuardEdges(view.record, &BackgroundPolygon);
-        ResetEdgeTable(&view.record);
+        setGuardEdges(drawn(), &BackgroundPolygon);
+        ResetEdgeTable(drawn());
     }
 
     TestHost host;
@@ -93,17 +93,20 @@ public:
         return addRectangle(x, y, xEnd, yEnd, depth, false);
     }
 
-    // Files all polygons in the order in which they were added; begins again when the pool grew.
-    Filing file()
+    // The view's rectangle in whole pixels.
+    DrawnRectangle drawn() const { return truncatedRectangle(view.record); }
+
+    // The edges of all polygons, in the order in which they were added; begins again when the pool grew.
+    EdgePass buildEdgeTable()
     {
-        Filing result;
+        EdgePass result;
         do {
-            ResetEdgeTable(&view.record);
-            result = Filing::done;
+            ResetEdgeTable(drawn());
+            result = EdgePass::done;
             for (ScreenPolygon& polygon : polygons) {
-                if ((result = AddPolygonEdges(&view.record, &polygon)) != Filing::done) break;
+                if ((result = AddPolygonEdges(host.context(), drawn(), &polygon)) != EdgePass::done) break;
             }
-        } while (result == Filing::poolGrew);
+        } while (result == EdgePass::poolGrew);
         return result;
     }
 
@@ -116,11 +119,12 @@ public:
             polygon.engineFlag = 1;
         }
         setStackEnds();
-        setGuardEdges(view.record, &BackgroundPolygon);
-        if (file() != Filing::done) return;
+        setGuardEdges(drawn(), &BackgroundPolygon);
+        if (buildEdgeTable() != EdgePass::done) return;
         resetSpanPool();
-        ResolveScanlines(&view.record, {EdgeStartTable, EdgePool.edges, EdgeEndTable, &LeftGuardEdge, &RightGuardEdge,
-                                        &StackTopPolygon, &BackgroundPolygon, nullptr});
+        ResolveScanlines(
+            host.context(), drawn(), view.record.top,
+            {EdgeStartTable, EdgeEndTable, &LeftGuardEdge, &RightGuardEdge, &StackTopPolygon, &BackgroundPolygon});
     }
 
     std::deque<ScreenPolygon> polygons;

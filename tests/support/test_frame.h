@@ -1,7 +1,7 @@
 // A frame buffer with fences: guard pixels around it tell when something outside the drawn rectangle was written.
 #pragma once
 
-#include "interface/host_records.h"
+#include "kardeno_soft/host_records.h"
 
 #include <vector>
 

@@ -5,8 +5,8 @@
 #pragma once
 
 #include "geometry/polygon_lists.h"
-#include "interface/host_context.h"
-#include "interface/kardeno_soft.h"
+#include "host/host_context.h"
+#include "kardeno_soft/kardeno_soft.h"
 #include "spanbuffer/edge_table.h"
 #include "spanbuffer/span_pool.h"
 

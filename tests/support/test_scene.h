@@ -2,7 +2,7 @@
 // down every call.
 #pragma once
 
-#include "interface/kardeno_soft.h"
+#include "kardeno_soft/kardeno_soft.h"
 #include "tests/support/test_frame.h"
 #include "tests/support/test_host.h"
 #include "tests/support/test_view.h"

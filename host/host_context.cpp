@@ -1,0 +1,7 @@
+#include "host/host_context.h"
+
+namespace kardeno {
+
+constinit HostContext* hostContext = nullptr;
+
+} // namespace kardeno

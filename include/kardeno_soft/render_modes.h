@@ -1,0 +1,98 @@
+/* How a material is drawn: the render-mode table, twenty rows of routines that lie one after another in memory, and the
+   renderer's private record on a material, which points at one of them.
+
+   A host chooses a row by Kardeno_Set_Material_Render_State_Dll and needs none of this. Two rows are chosen by no render
+   state, rowSpareA and rowSpareB. A host reaches them by moving the pointer itself: set a render state, then
+
+       material->renderPrivate->mode += rowSpareA - rowOfThatState;
+
+   The order of the rows, their size and the place of `mode` are promised for that purpose.
+
+   Plain C as well as C++. A host in C++ finds everything in namespace kardeno. */
+#pragma once
+
+#include "host_records.h"
+
+#ifdef __cplusplus
+namespace kardeno {
+#endif
+
+typedef struct ScreenPolygon ScreenPolygon; /* the renderer's own */
+typedef struct RenderMode RenderMode;
+typedef struct ClipperFamily ClipperFamily;
+
+/* Turns a face that passed the host's test into a screen polygon of one of the frame's lists, or into nothing. */
+typedef void (*EmitRoutine)(const RenderView* view, const SceneFace* face);
+/* Cuts a polygon at one plane, in place. */
+typedef void (*ClipRoutine)(const RenderView* view, ScreenPolygon* polygon);
+/* Draws the polygon's visible spans. Pixel (x, y) is frameBuffer[y * pitch + x]; the argument is read by no filler. */
+typedef void (*FillRoutine)(const ScreenPolygon* polygon, u16* frameBuffer, u32 argument, u32 pitch);
+
+/* The six clippers of a vertex format, in the order in which a row holds them. */
+struct ClipperFamily {
+    ClipRoutine nearPlane;
+    ClipRoutine farPlane;
+    ClipRoutine rightPlane;
+    ClipRoutine leftPlane;
+    ClipRoutine bottomPlane;
+    ClipRoutine topPlane;
+};
+
+/* A row is a chain: an emission routine, the six plane clippers that it calls, and the span filler of the result. */
+struct RenderMode {
+    i32 state; /* the render state most recently chosen with this row, by whichever material */
+    EmitRoutine emit;
+    ClipperFamily clip;
+    FillRoutine fill;
+};
+KARDENO_SIZE(RenderMode, 36, 72);
+KARDENO_OFFSET(RenderMode, state, 0, 0);
+KARDENO_OFFSET(RenderMode, emit, 4, 8);
+KARDENO_OFFSET(RenderMode, clip.nearPlane, 8, 16);
+KARDENO_OFFSET(RenderMode, clip.farPlane, 12, 24);
+KARDENO_OFFSET(RenderMode, clip.rightPlane, 16, 32);
+KARDENO_OFFSET(RenderMode, clip.leftPlane, 20, 40);
+KARDENO_OFFSET(RenderMode, clip.bottomPlane, 24, 48);
+KARDENO_OFFSET(RenderMode, clip.topPlane, 28, 56);
+KARDENO_OFFSET(RenderMode, fill, 32, 64);
+
+/* A ramp entry holds a 16-bit pixel in its upper half. */
+typedef u32 RampEntry;
+
+/* The renderer's record on a material, allocated zero-filled through the host. */
+struct MaterialPrivate {
+    RenderMode* mode;     /* 0 until a render state is first chosen */
+    RampEntry* shadeRamp; /* 0 until a row first needs it; keeps its size for the material's life */
+};
+KARDENO_SIZE(MaterialPrivate, 8, 16);
+KARDENO_OFFSET(MaterialPrivate, mode, 0, 0);
+KARDENO_OFFSET(MaterialPrivate, shadeRamp, 4, 8);
+
+/* The rows, in their order in memory. */
+typedef enum RenderModeRow {
+    rowFallbackFlat,
+    rowFallbackBlend,
+    rowUnlitPlain,
+    rowUnlitTextured,
+    rowUnlitTexturedShade1,
+    rowUnlitTranslucent,
+    rowUnlitTexturedTranslucent,
+    rowUnlitTexturedShade2,
+    rowUnlitTexturedShade10,
+    rowUnlitTexturedShade11,
+    rowUnlitPalettised,
+    rowLitPlain,
+    rowLitTextured,
+    rowLitTexturedShade1,
+    rowLitTranslucent,
+    rowLitTexturedTranslucent,
+    rowLitTexturedShade1Translucent,
+    rowLitTexturedShade2,
+    rowSpareA, /* a colour for each vertex */
+    rowSpareB, /* a colour for each vertex over a texture map of 16-bit texels */
+    renderModeRowCount
+} RenderModeRow;
+
+#ifdef __cplusplus
+} /* namespace kardeno */
+#endif

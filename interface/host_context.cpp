@@ -1,7 +1,0 @@
-#include "interface/host_context.h"
-
-namespace kardeno {
-
-constinit HostContext* hostContext = nullptr;
-
-} // namespace kardeno

@@ -1,0 +1,38 @@
+// The composed scenes: each shows one family of materials, or one use of many, in a picture that a person can judge. The
+// golden frames are theirs; benches draw them too.
+#pragma once
+
+#include "scenes/base_scene.h"
+
+namespace kardeno::scenes {
+
+struct ComposedScene {
+    const char* name;
+    void (*build)(Scene& scene);
+    Scene::Settings settings = {};
+
+    std::unique_ptr<Scene> make(i32 bitsPerPixel) const;
+};
+
+inline constexpr i32 composedSceneCount = 12;
+extern const ComposedScene composedScenes[composedSceneCount];
+
+// Unlit rows.
+void buildFlatFallbacks(Scene& scene);
+void buildPlainAndTranslucent(Scene& scene);
+void buildTrueColourRoom(Scene& scene);
+void buildPalettisedRoom(Scene& scene);
+void buildUnlitBlends(Scene& scene);
+void buildBillboards(Scene& scene);
+
+// Lit and colour-interpolating rows.
+void buildColourKeyed(Scene& scene);
+void buildLitPlain(Scene& scene);
+void buildLitTextured(Scene& scene);
+void buildLitBlends(Scene& scene);
+void buildSpareRows(Scene& scene);
+
+// Every row, in a rectangle inside the frame, cut by all six planes.
+void buildEverything(Scene& scene);
+
+} // namespace kardeno::scenes
