@@ -1,5 +1,7 @@
 #include "geometry/depth_sort.h"
 
+#include <assert.h>
+
 namespace kardeno {
 
 namespace {
@@ -45,6 +47,7 @@ void sortByDigit(const ScreenPolygon* list, i32 count, u32 shift, const u32* inp
 
 void SortPolygonsByDepth(const ScreenPolygon* list, i32 count)
 {
+    assert(count >= 1 && sortArrays.canHold(count));
     const i32 passes = passesFor(largestKey(list, count));
     u32* const order = sortArrays.sortOrder.entries;
     u32* const keys = sortArrays.sortKeys.entries;

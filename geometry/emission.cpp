@@ -1,5 +1,7 @@
 #include "geometry/emission.h"
 
+#include <assert.h>
+
 namespace kardeno {
 
 namespace {
@@ -84,6 +86,7 @@ void setDepthPlane(const HostContext& context, const RenderView& view, const Sce
 
 void finishPolygon(const SceneFace& face, ScreenPolygon& polygon, bool occludes)
 {
+    assert(polygon.vertexCount >= minCorners && polygon.vertexCount <= maxCorners);
     polygon.material = face.material;
     polygon.faceColour = face.faceColour ? *face.faceColour : u16{0};
     polygon.spanHead = -1;

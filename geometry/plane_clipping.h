@@ -6,6 +6,8 @@
 #include "geometry/vertex_formats.h"
 #include "kardeno_soft/render_modes.h"
 
+#include <assert.h>
+
 namespace kardeno {
 
 // What a clipper copies of a polygon before it writes the new outline over the old: the same arrays, nothing else.
@@ -40,6 +42,7 @@ void clip(const RenderView* view, ScreenPolygon* polygon)
     using Arrays = ClippedArrays<Plane, Format>;
 
     const i32 count = polygon->vertexCount;
+    assert(count >= 0 && count <= maxCorners);
     ScreenPolygon input; // only the arrays named by Arrays are set and read
     for (i32 i = 0; i < count; ++i) Arrays::copyVertex(input, i, *polygon, i);
 
@@ -75,6 +78,7 @@ void clip(const RenderView* view, ScreenPolygon* polygon)
         if (aInside != bInside) appendCut(bInside ? a : b, bInside ? b : a);
         if (bInside) Arrays::copyVertex(*polygon, made++, input, b);
     }
+    assert(made <= maxCorners);
     polygon->vertexCount = made;
 }
 

@@ -1,5 +1,7 @@
 #include "geometry/polygon_lists.h"
 
+#include <assert.h>
+
 namespace kardeno {
 
 constinit PolygonList resolvedPolygons = {};
@@ -82,11 +84,13 @@ ScreenPolygon* reservePolygon(HostContext& context, PolygonList& list)
     // After half a growth the stored pointer may be null or stale, or the capacity larger than the block.
     const bool storedBlockIsReal = list.records && list.records == list.held;
     if (!storedBlockIsReal || list.count >= list.heldCapacity) return nullptr;
+    assert(list.count >= 0 && list.heldCapacity % listGrowth == 0);
     return list.records + list.count;
 }
 
 void commitPolygon(PolygonList& list)
 {
+    assert(list.count < list.heldCapacity);
     ++list.count;
 }
 

@@ -3,6 +3,8 @@
 #include "host/pixel_format.h"
 #include "support/arithmetic.h"
 
+#include <assert.h>
+
 namespace kardeno {
 
 namespace {
@@ -117,6 +119,7 @@ bool buildShadeRamp(HostContext& context, SceneMaterial& material)
 
 void fillShadeRamp(const HostContext& context, const SceneMaterial& material)
 {
+    assert(material.renderPrivate->shadeRamp);
     const PixelFormat format = tableFormat(context);
     // A texture map that was taken away since the flag word was formed has no palette to fill from.
     if ((material.materialFlags->flags & flagTextured) && material.textureMap)

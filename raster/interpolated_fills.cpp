@@ -2,6 +2,8 @@
 
 #include "raster/span_walk.h"
 
+#include <assert.h>
+
 namespace kardeno {
 
 namespace {
@@ -44,6 +46,7 @@ void fillTexturedOutline(const ScreenPolygon& polygon, u16* frameBuffer, u32 pit
         const i32 x = row.left.x < drawn.left ? drawn.left : row.left.x;
         const i32 xEnd = row.right.x > drawn.right ? drawn.right : row.right.x;
         if (x >= xEnd) continue;
+        assert(fitsTables(drawn) && x >= drawn.left && xEnd <= drawn.right);
         setUpRow<Values>(span, row);
         advanceTo<Values>(span, x);
         span.count = xEnd - x;

@@ -4,6 +4,8 @@
 #include "raster/span_gradients.h"
 #include "support/arithmetic.h"
 
+#include <assert.h>
+
 namespace kardeno {
 
 struct Truncating {
@@ -87,6 +89,7 @@ using SubdividedShade = PerspectiveSubdivision<Truncating, &Interpolants::intens
 template <class Values, class Draw>
 void drawInBlocks(SpanGradients& span, Values& values, Draw draw)
 {
+    assert(span.count >= 0);
     while (span.count >= blockLength) {
         draw(blockLength);
         span.count -= blockLength;

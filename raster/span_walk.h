@@ -4,6 +4,8 @@
 #include "raster/edge_walking.h"
 #include "spanbuffer/span_pool.h"
 
+#include <assert.h>
+
 namespace kardeno {
 
 // The pixels that may be written, for fillers alone, whose signature has no place for it; the frame driver sets it. Spans
@@ -51,6 +53,7 @@ void fillSpans(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, SpanRo
 
     const Span* previous = nullptr;
     forEachSpan(polygon, [&](const Span& visible) {
+        assert(visible.y >= 0 && visible.y < scanlineCount);
         if (!previous || previous->y != visible.y) setUpRow<Values>(span, OutlineTable[visible.y]);
         previous = &visible;
         advanceTo<Values>(span, visible.x);

@@ -2,6 +2,8 @@
 
 #include "support/arithmetic.h"
 
+#include <assert.h>
+
 namespace kardeno {
 
 constinit EdgePoolRecord EdgePool = {};
@@ -54,6 +56,8 @@ void addSide(const DrawnRectangle& drawn, ScreenPolygon* polygon, f32 xa, i32 ya
     const i32 end = bottom > drawn.bottom ? drawn.bottom : bottom;
     if (start >= end) return;
 
+    assert(start >= 0 && end <= scanlineCount);
+    assert(EdgePool.count < EdgePool.capacity);
     ScanEdge& edge = EdgePool.edges[EdgePool.count];
     edge.entering = down ? 1 : 0;
     edge.x = truncated((down ? xa : xb) * fixedOne);
@@ -98,6 +102,7 @@ void ResetEdgeTable(const DrawnRectangle& drawn)
 EdgePass AddPolygonEdges(HostContext& context, const DrawnRectangle& drawn, ScreenPolygon* polygon)
 {
     const i32 count = polygon->vertexCount;
+    assert(count <= maxCorners);
     for (i32 a = 0; a < count; ++a) {
         // Intended: room is asked for before the side is looked at, horizontal or not.
         if (EdgePool.count >= EdgePool.capacity) return growEdgePool(context);

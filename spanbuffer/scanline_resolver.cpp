@@ -3,6 +3,8 @@
 #include "spanbuffer/span_pool.h"
 #include "support/arithmetic.h"
 
+#include <assert.h>
+
 namespace kardeno {
 
 constinit ScreenPolygon StackTopPolygon = {};
@@ -182,6 +184,7 @@ void setStackEnds()
 
 void ResolveScanlines(HostContext& context, const DrawnRectangle& drawn, f32 firstY, const ScanlineTables& tables)
 {
+    assert(fitsTables(drawn));
     RowWalk walk = {
         .context = context,
         .drawn = drawn,

@@ -1,5 +1,7 @@
 #include "spanbuffer/span_pool.h"
 
+#include <assert.h>
+
 namespace kardeno {
 
 constinit SpanPoolRecord SpanPool = {};
@@ -37,6 +39,7 @@ bool appendSpan(HostContext& context, ScreenPolygon& polygon, i32 x, i32 xEnd, i
 {
     if (x >= xEnd) return true;
     if (SpanPool.count >= SpanPool.capacity && !growSpanPool(context)) return false;
+    assert(SpanPool.spans == SpanPool.held && SpanPool.count < SpanPool.heldCapacity);
     SpanPool.spans[SpanPool.count] = {.x = x, .length = xEnd - x, .y = y, .next = polygon.spanHead};
     polygon.spanHead = SpanPool.count;
     ++SpanPool.count;
