@@ -9,6 +9,9 @@ target_include_directories(kardeno_headers INTERFACE ${PROJECT_SOURCE_DIR} ${PRO
 
 add_library(kardeno_arithmetic INTERFACE)
 target_compile_options(kardeno_arithmetic INTERFACE -ffp-contract=off -fno-math-errno)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
+    target_compile_options(kardeno_arithmetic INTERFACE -msse2 -mfpmath=sse)
+endif()
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "i686")
     # Hosts call in with any multiple of 4 in ESP, SSE wants 16. GCC realigns the frames of AddressSanitizer only when told
     # so in a second way.
@@ -28,6 +31,13 @@ target_link_libraries(kardeno_options INTERFACE kardeno_headers kardeno_arithmet
 target_compile_options(kardeno_options INTERFACE
     -fno-exceptions -fvisibility=hidden $<$<COMPILE_LANGUAGE:CXX>:-fno-rtti -fno-threadsafe-statics>
     -Wconversion -Wsign-conversion)
+
+# Programs for WebAssembly: no exceptions in its C++ library, signals and clocks by emulation, and a stack that is large
+# enough for a scene; below it lies nothing, so that an overflow traps and never runs into data.
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
+    add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions> -D_WASI_EMULATED_SIGNAL)
+    add_link_options(-lwasi-emulated-signal -Wl,-z,stack-size=1048576 -Wl,--stack-first)
+endif()
 
 # Everything that is built, tests and sample host too: the run-time of the sanitizers must come with the program.
 if(KARDENO_SANITIZED)

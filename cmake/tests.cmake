@@ -12,7 +12,8 @@ set(test_folder ${PROJECT_SOURCE_DIR}/tests)
 # Programs for Windows must find Wine's server running: the first one would otherwise start it, and CTest would wait for
 # the server to end, since it inherits the pipe that CTest reads.
 if(WIN32 AND CMAKE_CROSSCOMPILING)
-    add_test(NAME fixture_wine COMMAND ${PROJECT_SOURCE_DIR}/tools/wine32 start)
+    math(EXPR address_bits "8 * ${CMAKE_SIZEOF_VOID_P}")
+    add_test(NAME fixture_wine COMMAND ${PROJECT_SOURCE_DIR}/tools/wine ${address_bits} start)
     set_tests_properties(fixture_wine PROPERTIES FIXTURES_SETUP emulator)
 endif()
 
