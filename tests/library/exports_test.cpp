@@ -81,7 +81,7 @@ TEST_CASE("initialisation gives 1 for either pixel format, again and again, and 
     LoadedLibrary library;
     RawScene scene;
     for (const i32 bitsPerPixel : {15, 16, 15}) {
-        scene.context.set(352, bitsPerPixel);
+        scene.context.set(at(352, 392), bitsPerPixel);
         CHECK(library.call("Init_Render", scene.context.address()) == 1);
     }
     CHECK(RawScene::log.empty());

@@ -19,10 +19,10 @@ public:
     void* find(const std::string& name) const;
 
     // Calls a function of the library by its name, the "Kardeno_" and "_Dll" around it left out.
-    template <class... Arguments>
-    u32 call(const std::string& name, Arguments... arguments) const
+    template <class Result = u32, class... Arguments>
+    Result call(const std::string& name, Arguments... arguments) const
     {
-        return callWithOffset(stackOffset, find("Kardeno_" + name + "_Dll"), arguments...);
+        return callWithOffset<Result>(stackOffset, find("Kardeno_" + name + "_Dll"), arguments...);
     }
 
     u32 stackOffset = 0; // how far below a multiple of 16 the stack stands at every call

@@ -1,6 +1,7 @@
 // A small scene drawn and picked through the loaded library, on stacks of every alignment that a host may have.
 #include "tests/library/loaded_library.h"
 #include "tests/library/raw_scene.h"
+#include "tests/support/not_here.h"
 
 #include <doctest/doctest.h>
 
@@ -22,7 +23,11 @@ const std::vector<u16> upperRow = {o, o, wall, wall, wall, wall, lit, lit, lit, 
 const std::vector<u16> lowerRow = {o, o, wall, wall, overWall, overWall, overLit, overLit, lit, lit, o, o, o, o, o, o};
 
 // How far below a multiple of 16 the stack stands at the calls.
+#if defined(KARDENO_STACKS_OF_ANY_ALIGNMENT)
 constexpr u32 stackOffsets[] = {0, 4, 8, 12};
+#else
+constexpr u32 stackOffsets[] = {0};
+#endif
 
 void addAll(const LoadedLibrary& library, RawScene& scene)
 {
@@ -31,13 +36,13 @@ void addAll(const LoadedLibrary& library, RawScene& scene)
         void* const material = scene.materials[i].address();
         const i32 state = scene.states[i];
         CHECK(library.call("Add_Material", material) == 1);
-        CHECK(scene.materials[i].get<u32>(112) != 0);
+        CHECK(scene.materials[i].get<void*>(at(112, 128)) != nullptr);
         CHECK(library.call("Set_Material_Render_State", material, state) == 1);
         CHECK(library.call("Get_Material_Render_State", material) == static_cast<u32>(state));
         library.call("Set_Material_Fct", material);
         library.call("Update_Material", material);
         CHECK(library.call("Add_Face", scene.faces[i].address()) == 1);
-        CHECK(scene.faces[i].get<u32>(60) != 0);
+        CHECK(scene.faces[i].get<void*>(at(60, 80)) != nullptr);
     }
 }
 
@@ -56,14 +61,14 @@ void pickAndCheck(const LoadedLibrary& library, RawScene& scene)
     i32 faceIndex = -1;
     f32 depth = -1;
     const auto pick = [&](f32 x, f32 y) {
-        return library.call("Pick", scene.view.address(), x, y, &faceIndex, &depth);
+        return library.call<void*>("Pick", scene.view.address(), x, y, &faceIndex, &depth);
     };
     RawScene::log.clear();
-    CHECK(pick(8.5f, 1.5f) == wordOf(scene.object.address()));
+    CHECK(pick(8.5f, 1.5f) == scene.object.address());
     CHECK(faceIndex == 1);
     CHECK(depth == 1);
     CHECK(RawScene::log == "cutsbpfff");
-    CHECK(pick(12.5f, 1.5f) == 0);
+    CHECK(pick(12.5f, 1.5f) == nullptr);
     CHECK(faceIndex == 0);
     CHECK(depth == 100);
 }
@@ -130,6 +135,7 @@ TEST_CASE("a library that was unloaded and loaded again starts with empty pools"
     }
 }
 
+#if defined(KARDENO_STACKS_OF_ANY_ALIGNMENT)
 TEST_CASE("the stack stands where the tests put it")
 {
     for (const u32 offset : {0u, 4u, 8u, 12u}) {
@@ -138,8 +144,14 @@ TEST_CASE("the stack stands where the tests put it")
         CHECK(callWithOffset(offset, function, 1, 2, 3) % 16 == (16 - offset) % 16);
     }
 }
+#else
+TEST_CASE("stacks that are aligned to 4 bytes only: not here")
+{
+    notHere("calls on a stack of any alignment", "only 32-bit x86 hosts may call with less than 16 bytes");
+}
+#endif
 
-TEST_CASE("every function works on a stack that is aligned to 4 bytes only, host callbacks included")
+TEST_CASE("every function works on every stack that a host may have, host callbacks included")
 {
     for (const u32 offset : stackOffsets) {
         CAPTURE(offset);
@@ -162,7 +174,7 @@ TEST_CASE("every function works on a stack that is aligned to 4 bytes only, host
     }
 }
 
-TEST_CASE("faces that are clipped, textured and lit are drawn on such stacks too")
+TEST_CASE("faces that are clipped, textured and lit are drawn on all such stacks")
 {
     struct Case {
         Content content;
@@ -187,8 +199,8 @@ TEST_CASE("faces that are clipped, textured and lit are drawn on such stacks too
 
             i32 faceIndex = -1;
             f32 depth = -1;
-            CHECK(library.call("Pick", scene.view.address(), 8.5f, 1.5f, &faceIndex, &depth)
-                  == wordOf(scene.object.address()));
+            CHECK(library.call<void*>("Pick", scene.view.address(), 8.5f, 1.5f, &faceIndex, &depth)
+                  == scene.object.address());
             releaseAll(library, scene);
         }
     }

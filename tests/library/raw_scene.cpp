@@ -68,7 +68,7 @@ void testBounds(void*, void* object, void*)
 {
     RawScene::log += 'b';
     const i32 visible = 1;
-    std::memcpy(static_cast<u8*>(object) + 92, &visible, 4);
+    std::memcpy(static_cast<u8*>(object) + at(92, 116), &visible, 4);
 }
 
 void light(void*, void*, void*)
@@ -107,7 +107,7 @@ RawScene::RawScene(Content content)
     case Content::unlitTexture:
     case Content::litTexture:
         setTexture(content == Content::litTexture ? 8 : 16);
-        addMaterial(content == Content::litTexture ? 1 : 0, 0).set(92, map.address());
+        addMaterial(content == Content::litTexture ? 1 : 0, 0).set(at(92, 96), map.address());
         addFace(0, cutEverywhere);
         break;
     case Content::litGlass:
@@ -138,20 +138,20 @@ void RawScene::addWalls()
 void RawScene::linkObject()
 {
     for (RawRecord& face : faces) facePointers.push_back(face.address());
-    object.set(80, static_cast<i32>(faces.size())).set(84, facePointers.data());
+    object.set(at(80, 96), static_cast<i32>(faces.size())).set(at(84, 104), facePointers.data());
     for (size_t i = 0; i < nodes.size(); ++i) {
         nodes[i].set(0, materials[i].address());
-        if (i + 1 < nodes.size()) nodes[i].set(4, nodes[i + 1].address());
+        if (i + 1 < nodes.size()) nodes[i].set(at(4, 8), nodes[i + 1].address());
     }
-    object.set(104, nodes[0].address());
+    object.set(at(104, 128), nodes[0].address());
 }
 
 void RawScene::setServices()
 {
-    context.set(4, cameraVertices.data()).set(8, screenVertices.data()).set(16, shades.data());
-    context.set(20, outcodes.data()).set(24, stamps.data());
-    context.set(44, hostAlloc).set(48, hostRealloc).set(52, hostFree);
-    context.set(352, i32{16}).set(16832, u32{1});
+    context.set(at(4, 8), cameraVertices.data()).set(at(8, 16), screenVertices.data()).set(at(16, 32), shades.data());
+    context.set(at(20, 40), outcodes.data()).set(at(24, 48), stamps.data());
+    context.set(at(44, 72), hostAlloc).set(at(48, 80), hostRealloc).set(at(52, 88), hostFree);
+    context.set(at(352, 392), i32{16}).set(at(16832, 16872), u32{1});
 }
 
 // One pixel to the unit at depth 1; y points up in camera space.
@@ -159,19 +159,22 @@ void RawScene::setView()
 {
     const f32 numbers[10] = {width, height, 0, 0, 1, 1, 1, 1, 0, 0};
     for (u32 i = 0; i < 10; ++i) projection.set(i * 4, numbers[i]);
-    camera.set(92, cameraFunctions.address());
+    camera.set(at(92, 96), cameraFunctions.address());
     cameraFunctions.set(0, prepareCamera);
-    view.set(0, object.address()).set(20, camera.address());
-    view.set(32, f32{0}).set(36, f32{0}).set(48, f32{0.5f}).set(52, f32{100});
-    view.set(60, i32{width}).set(64, projection.address());
+    view.set(0, object.address()).set(at(20, 24), camera.address());
+    view.set(at(32, 40), f32{0}).set(at(36, 44), f32{0}).set(at(48, 56), f32{0.5f}).set(at(52, 60), f32{100});
+    view.set(at(60, 68), i32{width}).set(at(64, 72), projection.address());
 }
 
 void RawScene::setFunctions()
 {
-    functions.set(12, update).set(16, transform).set(20, selectLevel).set(24, testBounds);
-    functions.set(28, light).set(36, prepareVertices);
-    objectClass.set(108, functions.address());
-    object.set(220, groupFlag.address()).set(228, objectClass.address());
+    functions.set(at(12, 16), update)
+        .set(at(16, 24), transform)
+        .set(at(20, 32), selectLevel)
+        .set(at(24, 40), testBounds);
+    functions.set(at(28, 48), light).set(at(36, 64), prepareVertices);
+    objectClass.set(at(108, 112), functions.address());
+    object.set(at(220, 248), groupFlag.address()).set(at(228, 264), objectClass.address());
     faceTest.set(0, testFace);
 }
 
@@ -186,24 +189,24 @@ void RawScene::setTexture(u32 bitsPerTexel)
             image.set(32 + 2 * i, u16{0x0841});
     }
     palette.set(4, u32{0xffffff});
-    map.set(56, image.address()).set(60, palette.address());
+    map.set(56, image.address()).set(at(60, 64), palette.address());
     texCoords = {0, 0, 0, 1, 1, 1, 1, 0};
 }
 
 // A white material.
 RawRecord& RawScene::addMaterial(i32 state, i32 transparency)
 {
-    RawRecord& material = materials.emplace_back(116);
+    RawRecord& material = materials.emplace_back(at(116, 136));
     RawRecord& flags = flagBlocks.emplace_back(8);
-    nodes.emplace_back(8);
+    nodes.emplace_back(at(8, 16));
     states.push_back(state);
     for (u32 i = 0; i < 3; ++i) material.set(50 + i, u8{255}).set(62 + i, u8{255}); // diffuse and tint
-    return material.set(76, transparency).set(108, flags.address());
+    return material.set(76, transparency).set(at(108, 120), flags.address());
 }
 
 void RawScene::addFace(size_t material, const std::vector<Corner>& corners)
 {
-    RawRecord& face = faces.emplace_back(68);
+    RawRecord& face = faces.emplace_back(at(68, 96));
     std::vector<i32>& vertices = indices.emplace_back();
     for (const Corner& corner : corners) {
         vertices.push_back(static_cast<i32>(outcodes.size()));
@@ -213,9 +216,9 @@ void RawScene::addFace(size_t material, const std::vector<Corner>& corners)
         outcodes.push_back(corner.outcode);
         stamps.push_back(0);
     }
-    face.set(0, static_cast<i32>(corners.size())).set(4, vertices.data()).set(8, texCoords.data());
-    face.set(20, materials[material].address());
-    face.set(40, f32{0}).set(44, f32{0}).set(48, f32{1}).set(64, faceTest.address());
+    face.set(0, static_cast<i32>(corners.size())).set(at(4, 8), vertices.data()).set(at(8, 16), texCoords.data());
+    face.set(at(20, 32), materials[material].address());
+    face.set(at(40, 56), f32{0}).set(at(44, 60), f32{0}).set(at(48, 64), f32{1}).set(at(64, 88), faceTest.address());
 }
 
 void RawScene::addRectangle(size_t material, f32 x, f32 y, f32 xEnd, f32 yEnd, f32 z)

@@ -1,5 +1,5 @@
-// A host in plain bytes: its records are written through their published offsets, not through the renderer's own headers,
-// and its services are the C library's.
+// A host in plain bytes: it writes its records through their published offsets, without the renderer's own headers, and
+// its services are those of the C library.
 #pragma once
 
 #include "kardeno_soft/types.h"
@@ -11,10 +11,16 @@
 
 namespace kardeno::tests {
 
+// A place or a size in bytes: where pointers have 32 bits, and where they have 64.
+constexpr u32 at(u32 in32, u32 in64)
+{
+    return sizeof(void*) == 4 ? in32 : in64;
+}
+
 // A zero-filled record of the host.
 class RawRecord {
 public:
-    explicit RawRecord(size_t bytes) : words((bytes + 3) / 4, 0) {}
+    explicit RawRecord(size_t bytes) : words((bytes + 7) / 8, 0) {}
 
     template <class Value>
     RawRecord& set(u32 offset, Value value)
@@ -32,14 +38,14 @@ public:
     u8* address() { return reinterpret_cast<u8*>(words.data()); }
 
 private:
-    std::vector<u32> words;
+    std::vector<uint64_t> words; // aligned as the widest field is
 };
 
 // What stands in a scene: three small faces, or one that is cut at every side of the frame (those with a texture at the
 // near and the far plane too) and covers it with one colour.
 //
-//   walls     columns   0 1 | 2 ... 5 | 6 ... 9 | 10 ... 15      a wall of a plain colour, a lit wall, and a pane of glass
-//             rows 1-2      |  wall   |   lit   |                before both
+//   walls     columns   0 1 | 2 ... 5 | 6 ... 9 | 10 ... 15      a wall of a plain colour, a lit wall, and a pane of
+//             rows 1-2      |  wall   |   lit   |                glass before both
 //             row 2             4 .. glass .. 8
 enum class Content { walls, unlitTexture, litTexture, litGlass };
 
@@ -55,11 +61,11 @@ public:
     RawScene(const RawScene&) = delete;
     RawScene& operator=(const RawScene&) = delete;
 
-    RawRecord context{16836 + 64};
-    RawRecord view{68};
+    RawRecord context{at(16836, 16880) + 64};
+    RawRecord view{at(68, 80)};
     std::deque<RawRecord> materials;
     std::vector<i32> states; // what each material is to be set to
-    RawRecord object{232};
+    RawRecord object{at(232, 272)};
     std::deque<RawRecord> faces;
     std::vector<u16> pixels = std::vector<u16>(width * height, untouched);
 
@@ -74,17 +80,17 @@ public:
 
 private:
     RawRecord projection{40};
-    RawRecord camera{96};
-    RawRecord cameraFunctions{4};
-    RawRecord objectClass{112};
-    RawRecord functions{40};
+    RawRecord camera{at(96, 104)};
+    RawRecord cameraFunctions{at(4, 8)};
+    RawRecord objectClass{at(112, 120)};
+    RawRecord functions{at(40, 72)};
     RawRecord groupFlag{4};
-    RawRecord faceTest{4};
+    RawRecord faceTest{at(4, 8)};
     std::deque<RawRecord> flagBlocks;
     std::deque<RawRecord> nodes;
     std::vector<std::vector<i32>> indices;
     std::vector<void*> facePointers;
-    RawRecord map{64};
+    RawRecord map{at(64, 72)};
     RawRecord image{32 + 32};
     RawRecord palette{1024};
     std::vector<f32> texCoords;
