@@ -1,5 +1,5 @@
-// Perspective projection of vertices, for frames and picks: straight from camera space, or through the host's vertex cache, which
-// projects every shared vertex once for an object.
+// Perspective projection of vertices, for frames and picks: straight from camera space, or through the host's vertex
+// cache, which projects every shared vertex once for an object.
 #pragma once
 
 #include "geometry/screen_polygon.h"
