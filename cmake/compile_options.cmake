@@ -10,8 +10,8 @@ target_include_directories(kardeno_headers INTERFACE ${PROJECT_SOURCE_DIR} ${PRO
 add_library(kardeno_arithmetic INTERFACE)
 target_compile_options(kardeno_arithmetic INTERFACE -ffp-contract=off -fno-math-errno)
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "i686")
-    # Hosts call in with any multiple of 4 in ESP, SSE wants 16. GCC realigns the frames of AddressSanitizer only when told
-    # so in a second way.
+    # Hosts call in with any multiple of 4 in ESP, SSE wants 16. GCC realigns the frames of AddressSanitizer only when
+    # told so in a second way.
     target_compile_options(kardeno_arithmetic INTERFACE -msse2 -mfpmath=sse -mstackrealign)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         target_compile_options(kardeno_arithmetic INTERFACE -mincoming-stack-boundary=2)
