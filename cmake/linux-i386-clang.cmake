@@ -1,8 +1,5 @@
 # Programs for 32-bit Linux by clang: what only clang has is the fuzzer (Debian: clang-14, libclang-rt-14-dev; libraries
 # from g++-multilib).
-include(${CMAKE_CURRENT_LIST_DIR}/needed_tools.cmake)
-kardeno_needs(fuzz)
-
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 

@@ -1,7 +1,4 @@
 # Programs and libraries for 32-bit Linux, by the machine's own compiler (Debian: g++-multilib).
-include(${CMAKE_CURRENT_LIST_DIR}/needed_tools.cmake)
-kardeno_needs(build)
-
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 

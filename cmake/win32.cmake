@@ -1,8 +1,5 @@
 # Programs and libraries for 32-bit Windows (Debian: g++-mingw-w64-i686-posix).
 # The thread variant makes no difference to the library; the tests want the one that has std::mutex.
-include(${CMAKE_CURRENT_LIST_DIR}/needed_tools.cmake)
-kardeno_needs(win32)
-
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 

@@ -1,6 +1,7 @@
 """./demo, ./check and tools/setup on a machine that is made up: what they answer before they do anything, and what they
 do when something is missing."""
 import json
+import shutil
 import unittest
 
 from tools_under_test import TOP, CommandTest
@@ -46,8 +47,8 @@ class Answers(CommandTest):
         self.assert_touched_nothing()
 
     def test_unknown_options_are_named(self):
-        self.assert_misused(self.command("demo", "--frobnicate"), "--frobnicate")
-        self.assert_misused(self.command("check", "--frobnicate"), "--frobnicate")
+        self.assert_misused(self.command("demo", "--frobnicate"), "there is no option '--frobnicate'")
+        self.assert_misused(self.command("check", "--frobnicate"), "there is no option '--frobnicate'")
 
     def test_demo_names_a_model_that_is_missing_or_no_file(self):
         self.assert_misused(self.command("demo", "missing.obj"), "there is no file 'missing.obj'")
@@ -196,6 +197,30 @@ class Setup(CommandTest):
         self.take_away("cmake")
         self.assert_fails(self.command("tools/setup", "--look", "build"), "lacks CMake", "tools/setup build")
         self.assertEqual([call for call in self.calls() if call.startswith(("apt-get", "sudo"))], [])
+
+    def test_configuring_stops_with_the_sentence_that_says_what_is_missing(self):
+        script = self.tree / "cmake/needed_tools.cmake"
+        configure = (shutil.which("cmake"), "-DKARDENO_NEEDED_TOOLS=win32", "-P", script)
+        environment = {"PATH": str(self.machine)}
+        self.take_away("apt-get", "dpkg-query")
+        self.assert_passes(self.run_tool(*configure, env=environment))
+        self.take_away("i686-w64-mingw32-g++-posix")
+        self.assert_fails(self.run_tool(*configure, env=environment), "this machine lacks i686-w64-mingw32-g++-posix")
+
+    def test_every_preset_that_builds_names_the_tools_that_it_needs(self):
+        listed = json.loads((TOP / "CMakePresets.json").read_text())["configurePresets"]
+        presets = {preset["name"]: preset for preset in listed}
+
+        def needed(name):
+            parents = presets[name].get("inherits", [])
+            own = presets[name].get("cacheVariables", {}).get("KARDENO_NEEDED_TOOLS")
+            inherited = [needed(parent) for parent in ([parents] if isinstance(parents, str) else parents)]
+            return own or next(filter(None, inherited), None)
+
+        for name, preset in presets.items():
+            if not preset.get("hidden"):
+                self.assertIsNotNone(needed(name), name)
+                self.assertEqual(self.command("tools/setup", "--look", needed(name)).returncode, 0, name)
 
 
 if __name__ == "__main__":

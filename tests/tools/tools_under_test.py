@@ -62,7 +62,8 @@ class CommandTest(ToolTest):
         self.tree.mkdir()
         for name in ("demo", "check", "CMakePresets.json"):
             shutil.copy2(TOP / name, self.tree / name)
-        shutil.copytree(TOOLS, self.tree / "tools")
+        for folder in ("tools", "cmake"):
+            shutil.copytree(TOP / folder, self.tree / folder)
         for name in self.HARMLESS:
             if found := shutil.which(name):
                 (self.machine / name).symlink_to(found)
@@ -89,5 +90,5 @@ class CommandTest(ToolTest):
 
     def assert_touched_nothing(self):
         self.assertEqual(self.calls(), [])
-        made = {path.name for path in self.tree.iterdir()} - {"demo", "check", "CMakePresets.json", "tools"}
+        made = {path.name for path in self.tree.iterdir()} - {"demo", "check", "CMakePresets.json", "tools", "cmake"}
         self.assertEqual(made, set())
