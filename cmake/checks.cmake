@@ -16,6 +16,38 @@ if(NOT KARDENO_SANITIZED)
         COMMAND ${tools}/check_objects initialisers
             $<TARGET_OBJECTS:kardeno_objects> $<TARGET_OBJECTS:kardeno_soft>
         COMMAND_EXPAND_LISTS)
+    add_test(NAME check_nothing_of_a_higher_level_is_shared
+        COMMAND ${tools}/check_objects levels $<TARGET_OBJECTS:kardeno_objects>
+        COMMAND_EXPAND_LISTS)
+endif()
+
+# Some checks compile, and do so as part of the test: what they find is a failed test and not a failed build.
+function(add_compiling_check name target)
+    add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} --build ${CMAKE_BINARY_DIR} --target ${target} -- -k 0)
+    set_tests_properties(${name} PROPERTIES RESOURCE_LOCK build_folder)
+endfunction()
+
+# Every header of the library compiles behind some lines of the includer, and the public one also as C.
+function(add_header_check name target lines)
+    set(folder ${CMAKE_BINARY_DIR}/${target})
+    set(includers ${folder}/kardeno_soft.c)
+    file(CONFIGURE OUTPUT ${folder}/kardeno_soft.c CONTENT "${lines}#include \"kardeno_soft/kardeno_soft.h\"\n")
+    foreach(room include/kardeno_soft ${kardeno_rooms})
+        file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/${room}/*.h)
+        foreach(header ${headers})
+            file(CONFIGURE OUTPUT ${folder}/${header}.cpp CONTENT "${lines}#include \"${header}\"\n")
+            list(APPEND includers ${folder}/${header}.cpp)
+        endforeach()
+    endforeach()
+    kardeno_set_instruction_levels(${includers})
+    add_library(${target} OBJECT EXCLUDE_FROM_ALL ${includers})
+    target_link_libraries(${target} PRIVATE kardeno_options)
+    add_compiling_check(${name} ${target})
+endfunction()
+
+# <windows.h> defines many words as something else, and hosts for Windows include it first.
+if(WIN32)
+    add_header_check(check_headers_compile_after_windows_h headers_after_windows "#include <windows.h>\n")
 endif()
 
 if(NOT KARDENO_SOURCE_CHECKS)
@@ -24,28 +56,12 @@ endif()
 
 add_test(NAME check_includes COMMAND ${tools}/check_includes)
 add_test(NAME check_behaviours COMMAND ${tools}/check_behaviours)
+add_test(NAME check_words COMMAND ${tools}/check_words)
+add_test(NAME check_format COMMAND ${tools}/check_format --any-width tests --any-width tools/check_includes)
+add_test(NAME check_tools COMMAND python3 -B -m unittest discover -s ${PROJECT_SOURCE_DIR}/tests/tools -p "*_test.py")
+set_tests_properties(check_tools PROPERTIES TIMEOUT 900) # some hundred processes, slow on a busy machine
 
-# The two checks that compile do so as part of the test: what they find is a failed test and not a failed build.
-function(add_compiling_check name target)
-    add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} --build ${CMAKE_BINARY_DIR} --target ${target} -- -k 0)
-    set_tests_properties(${name} PROPERTIES RESOURCE_LOCK build_folder)
-endfunction()
-
-# Every header compiles alone, and the public one also as C.
-set(alone ${CMAKE_BINARY_DIR}/headers_alone)
-set(header_users ${alone}/kardeno_soft.c)
-file(CONFIGURE OUTPUT ${alone}/kardeno_soft.c CONTENT "#include \"kardeno_soft/kardeno_soft.h\"\n")
-foreach(room include/kardeno_soft ${kardeno_rooms})
-    file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/${room}/*.h)
-    foreach(header ${headers})
-        file(CONFIGURE OUTPUT ${alone}/${header}.cpp CONTENT "#include \"${header}\"\n")
-        list(APPEND header_users ${alone}/${header}.cpp)
-    endforeach()
-endforeach()
-kardeno_set_instruction_levels(${header_users})
-add_library(headers_alone OBJECT EXCLUDE_FROM_ALL ${header_users})
-target_link_libraries(headers_alone PRIVATE kardeno_options)
-add_compiling_check(check_headers_compile_alone headers_alone)
+add_header_check(check_headers_compile_alone headers_alone "")
 
 # Floating point becomes integer in support/arithmetic*.h alone (tools/check_objects says how this is seen).
 set(truncation_users ${kardeno_sources})

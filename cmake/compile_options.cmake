@@ -13,8 +13,8 @@ if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
     target_compile_options(kardeno_arithmetic INTERFACE -msse2 -mfpmath=sse)
 endif()
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^i[3-6]86$")
-    # Hosts call in with any multiple of 4 in ESP, SSE wants 16. GCC realigns the frames of AddressSanitizer only when told
-    # so in a second way.
+    # Hosts call in with any multiple of 4 in ESP, SSE wants 16. GCC realigns the frames of AddressSanitizer only when
+    # told so in a second way.
     target_compile_options(kardeno_arithmetic INTERFACE -msse2 -mfpmath=sse -mstackrealign)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         target_compile_options(kardeno_arithmetic INTERFACE -mincoming-stack-boundary=2)

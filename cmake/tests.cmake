@@ -9,16 +9,23 @@ endif()
 
 set(test_folder ${PROJECT_SOURCE_DIR}/tests)
 
-# Programs for Windows must find Wine's server running: the first one would otherwise start it, and CTest would wait for
-# the server to end, since it inherits the pipe that CTest reads.
+# Programs for Windows need Wine, and must find its server running: the first one would otherwise start it, and CTest
+# would wait for the server to end, since it inherits the pipe that CTest reads.
 if(WIN32 AND CMAKE_CROSSCOMPILING)
     math(EXPR address_bits "8 * ${CMAKE_SIZEOF_VOID_P}")
-    add_test(NAME fixture_wine COMMAND ${PROJECT_SOURCE_DIR}/tools/wine ${address_bits} start)
+    set(wine ${PROJECT_SOURCE_DIR}/tools/wine ${address_bits})
+    execute_process(COMMAND ${wine} look RESULT_VARIABLE no_wine OUTPUT_QUIET ERROR_QUIET)
+    if(no_wine)
+        message(FATAL_ERROR "The tests run under Wine: run tools/wine ${address_bits} get, or configure with "
+                            "-DKARDENO_TESTS=OFF")
+    endif()
+    add_test(NAME fixture_wine COMMAND ${wine} start)
     set_tests_properties(fixture_wine PROPERTIES FIXTURES_SETUP emulator)
 endif()
 
 add_library(test_options INTERFACE)
-target_link_libraries(test_options INTERFACE kardeno_headers kardeno_arithmetic kardeno_warnings third_party_headers ${CMAKE_DL_LIBS})
+target_link_libraries(test_options INTERFACE
+    kardeno_headers kardeno_arithmetic kardeno_warnings third_party_headers ${CMAKE_DL_LIBS})
 
 add_library(test_main OBJECT ${test_folder}/test_main.cpp)
 target_link_libraries(test_main PRIVATE test_options)

@@ -155,7 +155,7 @@ private:
         }
     }
 
-    // Looks along a chain of siblings and below its parts for a part that the host finds visible, and stops at the first.
+    // Looks along a chain of siblings and below its parts for a part that the host finds visible; stops at the first.
     bool anyPartVisible(SceneObject* object, SceneObject* counterpart)
     {
         for (; object; object = object->nextSibling) {

@@ -15,8 +15,8 @@ inline constexpr i32 minCorners = 3;
 
 // The steps of a routine that do not depend on its format. Each bool says whether the face survives.
 
-// Folds the outcodes of the face's corners into outcodeAnd and outcodeOr. False when some plane has no corner inside it,
-// and when the face has fewer than 3 or more than 16 corners.
+// Folds the outcodes of the face's corners into outcodeAnd and outcodeOr. False when some plane has no corner inside
+// it, and when the face has fewer than 3 or more than 16 corners.
 bool foldOutcodes(const HostContext& context, ScreenPolygon& polygon, const SceneFace& face);
 
 // Takes the face's corners, with their outcodes, from camera space.

@@ -1,5 +1,5 @@
-// Sutherland-Hodgman clipping of a screen polygon against one plane: one algorithm for six planes and six vertex formats.
-// Whether a vertex is inside is its stored outcode bit, never recomputed from its coordinates.
+// Sutherland-Hodgman clipping of a screen polygon against one plane: one algorithm for six planes and six vertex
+// formats. Whether a vertex is inside is its stored outcode bit, never recomputed from its coordinates.
 #pragma once
 
 #include "geometry/clip_planes.h"

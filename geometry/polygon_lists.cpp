@@ -58,8 +58,8 @@ bool growList(HostContext& context, PolygonList& list)
         list.heldCapacity = list.capacity;
     }
 
-    // Intended: when a sort array is refused the list keeps its raised capacity and its old stored pointer, and the block
-    // just obtained is not given back.
+    // Intended: when a sort array is refused the list keeps its raised capacity and its old stored pointer, and the
+    // block just obtained is not given back.
     if (sortArrays.capacity <= list.count && !growSortArrays(context, sortArrays)) return false;
 
     if (!block) {

@@ -1,5 +1,5 @@
-// The frame's three polygon lists and the work arrays of the depth sort. All storage comes from the host's realloc, grows
-// in steps of 512 records and is kept from frame to frame; a frame only sets the counts back to 0.
+// The frame's three polygon lists and the work arrays of the depth sort. All storage comes from the host's realloc,
+// grows in steps of 512 records and is kept from frame to frame; a frame only sets the counts back to 0.
 #pragma once
 
 #include "geometry/screen_polygon.h"

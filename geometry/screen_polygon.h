@@ -1,6 +1,6 @@
 // One visible face of the frame: its clipped outline, one array per vertex attribute, the plane of its inverse depth,
-// and what the span buffer and the fillers keep about it. Fixed-size plain data; a clipper or an attribute reaches value
-// k of vertex i as an array element, without an allocation anywhere.
+// and what the span buffer and the fillers keep about it. Fixed-size plain data; a clipper or an attribute reaches
+// value k of vertex i as an array element, without an allocation anywhere.
 #pragma once
 
 #include "kardeno_soft/host_records.h"

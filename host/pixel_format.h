@@ -1,5 +1,5 @@
-// The two pixel formats of the frame buffer, as data: where the three channels lie in a pixel. Whatever packs, blends or
-// scales a pixel takes its masks and shifts from here.
+// The two pixel formats of the frame buffer, as data: where the three channels lie in a pixel. Whatever packs, blends
+// or scales a pixel takes its masks and shifts from here.
 //
 //   5-5-5   bit 15 unused, red 14 to 10, green 9 to 5, blue 4 to 0
 //   5-6-5   red 15 to 11, green 10 to 5, blue 4 to 0

@@ -1,5 +1,5 @@
-// What the renderer keeps for a face: a block of two bytes with its random flat colour, which the fallback rows paint the
-// face with, so that faces whose material has no supported mode are told apart on the screen.
+// What the renderer keeps for a face: a block of two bytes with its random flat colour, which the fallback rows paint
+// the face with, so that faces whose material has no supported mode are told apart on the screen.
 #pragma once
 
 #include "kardeno_soft/host_records.h"

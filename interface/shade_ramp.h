@@ -1,5 +1,5 @@
-// A material's shade ramp: the pixel of every light level, for untextured materials, or of every light level and palette
-// entry, for textured ones. Lit rows and palettised maps look their colours up in it.
+// A material's shade ramp: the pixel of every light level, for untextured materials, or of every light level and
+// palette entry, for textured ones. Lit rows and palettised maps look their colours up in it.
 #pragma once
 
 #include "host/render_modes.h"

@@ -1,5 +1,5 @@
-// Edge walking: every interpolating filler first walks down the two chains of its polygon's edges and notes, row by row,
-// the column and the attributes at either end. Spans then interpolate between the two ends.
+// Edge walking: every interpolating filler first walks down the two chains of its polygon's edges and notes, row by
+// row, the column and the attributes at either end. Spans then interpolate between the two ends.
 //
 // The chains are called left and right after the order of the vertices; which one lies left on the screen is not asked.
 #pragma once

@@ -1,5 +1,5 @@
-// The fillers of polygons that interpolate something along their spans. A filler is a vertex format and a table of inner
-// routines; what it interpolates follows from the format.
+// The fillers of polygons that interpolate something along their spans. A filler is a vertex format and a table of
+// inner routines; what it interpolates follows from the format.
 #pragma once
 
 #include "geometry/screen_polygon.h"
@@ -8,8 +8,8 @@
 
 namespace kardeno {
 
-// Draws all visible spans of a polygon with the routine that the table has for its map and the pixel format. Compiled for
-// the vertex formats that carry texture coordinates.
+// Draws all visible spans of a polygon with the routine that the table has for its map and the pixel format. Compiled
+// for the vertex formats that carry texture coordinates.
 template <class Format>
 void fillTexturedSpans(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, const TexturedSpanRoutines& routines,
                        PixelFormat pixelFormat);

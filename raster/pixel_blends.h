@@ -21,8 +21,8 @@ struct HalfBlend {
 };
 
 // The sum of the two pixels, a channel that overflows being filled with ones.
-// Intended: the carry that saturates blue stays behind in the lowest green bit, and that of green in the lowest red bit;
-// in 5-5-5 the carry of red stays in bit 15. Hosts compare frames; do not mask them.
+// Intended: the carry that saturates blue stays behind in the lowest green bit, and that of green in the lowest red
+// bit; in 5-5-5 the carry of red stays in bit 15. Hosts compare frames; do not mask them.
 template <PixelFormat format>
 struct SaturatingAdd {
     static constexpr PixelLayout layout = pixelLayouts[format];

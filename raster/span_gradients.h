@@ -1,5 +1,5 @@
-// What a filler hands to the inner routine of a span: where the span begins, the interpolated values there, and how they
-// change along the row.
+// What a filler hands to the inner routine of a span: where the span begins, the interpolated values there, and how
+// they change along the row.
 #pragma once
 
 #include "host/render_modes.h"

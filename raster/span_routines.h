@@ -1,5 +1,5 @@
-// The tables of inner routines that fillers choose from. The choice is made once a polygon: no span asks what kind of map
-// or of frame buffer it has.
+// The tables of inner routines that fillers choose from. The choice is made once a polygon: no span asks what kind of
+// map or of frame buffer it has.
 #pragma once
 
 #include "host/pixel_format.h"

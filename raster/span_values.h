@@ -1,5 +1,5 @@
-// The values that fillers interpolate along spans: each knows its array in the polygon, its place in the tables, and what
-// a row and a span make of it. Which ones a filler needs follows from the vertex format of its polygons.
+// The values that fillers interpolate along spans: each knows its array in the polygon, its place in the tables, and
+// what a row and a span make of it. Which ones a filler needs follows from the vertex format of its polygons.
 #pragma once
 
 #include "geometry/vertex_formats.h"

@@ -8,8 +8,8 @@
 
 namespace kardeno {
 
-// The pixels that may be written, for fillers alone, whose signature has no place for it; the frame driver sets it. Spans
-// lie inside it already, a filler that draws its whole outline cuts itself to it.
+// The pixels that may be written, for fillers alone, whose signature has no place for it; the frame driver sets it.
+// Spans lie inside it already, a filler that draws its whole outline cuts itself to it.
 extern DrawnRectangle drawnRectangle;
 
 inline u16* pixelAt(u16* frameBuffer, u32 pitch, i32 x, i32 y)

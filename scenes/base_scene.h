@@ -1,8 +1,8 @@
 // Scenes that tests, benches and pages draw, and the small host that holds them. It knows nothing but the renderer's
 // public header, and computes with + - * / alone: a scene has the same numbers on every machine.
 //
-// Geometry is given in eye space: X to the right, Y up, Z away. What fills half of the height of the picture is its size
-// times the zoom away. There is one renderer for a process: making a scene, or drawing another than the last one,
+// Geometry is given in eye space: X to the right, Y up, Z away. What fills half of the height of the picture is its
+// size times the zoom away. There is one renderer for a process: making a scene, or drawing another than the last one,
 // initialises it with that scene's context.
 #pragma once
 

@@ -1,5 +1,5 @@
-// The composed scenes: each shows one family of materials, or one use of many, in a picture that a person can judge. The
-// golden frames are theirs; benches draw them too.
+// The composed scenes: each shows one family of materials, or one use of many, in a picture that a person can judge.
+// The golden frames are theirs; benches draw them too.
 #pragma once
 
 #include "scenes/base_scene.h"

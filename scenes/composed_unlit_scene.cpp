@@ -123,8 +123,8 @@ void buildUnlitBlends(Scene& scene)
     bench.panel(turned(8, 2, 0, 1, {1, -0.8, 4}), 0.9, 0.9);
 }
 
-// Glows of both kinds behind and before a pillar: the sorted ones are hidden by it, the late ones shine through. Some are
-// cut by the sides of the picture.
+// Glows of both kinds behind and before a pillar: the sorted ones are hidden by it, the late ones shine through. Some
+// are cut by the sides of the picture.
 void buildBillboards(Scene& scene)
 {
     Workbench bench(scene);

@@ -24,8 +24,8 @@ struct RandomSceneSettings {
 // Polygons of all sizes, before, across and behind all six planes, turned any way, through one another.
 std::unique_ptr<Scene> makeTangledScene(u32 seed, const RandomSceneSettings& settings);
 
-// Polygons that do not meet: each in a layer of depth of its own, with a gap around it, only slightly tilted. The nearest
-// layer lies around the near plane and the farthest around the far one. At most `layerCount`.
+// Polygons that do not meet: each in a layer of depth of its own, with a gap around it, only slightly tilted. The
+// nearest layer lies around the near plane and the farthest around the far one. At most `layerCount`.
 inline constexpr i32 layerCount = 24;
 std::unique_ptr<Scene> makeLayeredScene(u32 seed, const RandomSceneSettings& settings);
 

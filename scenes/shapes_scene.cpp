@@ -4,7 +4,7 @@ namespace kardeno::scenes {
 
 namespace {
 
-// Points on the circle from fractions: ((1 - t t) / (1 + t t), 2 t / (1 + t t)), t nearly the tangent of half the angle.
+// Points on a circle from fractions: ((1 - t t) / (1 + t t), 2 t / (1 + t t)), t nearly the tangent of half the angle.
 struct CirclePoint {
     f64 x, y;
 };

@@ -1,5 +1,5 @@
-// Texture maps of the scenes: one palette of 256 colours, and pictures that are functions of it. The same picture can be
-// had palettised and in true colour.
+// Texture maps of the scenes: one palette of 256 colours, and pictures that are functions of it. The same picture can
+// be had palettised and in true colour.
 #pragma once
 
 #include "kardeno_soft/kardeno_soft.h"

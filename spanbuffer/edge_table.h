@@ -4,8 +4,8 @@
 //   row list of y:   EdgeStartTable[y].next -> edge -> edge -> RightGuardEdge      ascending x, linked by next
 //   end list of y:   EdgeEndTable[y] -> edge -> edge -> null                       linked by nextEnding
 //
-// Edges live in one pool that grows through the host's realloc and is kept from frame to frame. A growth may move it and
-// so make every link stale: the whole edge pass is then begun again.
+// Edges live in one pool that grows through the host's realloc and is kept from frame to frame. A growth may move it
+// and so make every link stale: the whole edge pass is then begun again.
 #pragma once
 
 #include "geometry/screen_polygon.h"

@@ -1,6 +1,6 @@
 // Hidden-surface removal: a span buffer. Each row is walked once from left to right over the edges that cross it, with
-// the polygons that the walk is inside of in a depth stack; every visible run that closes becomes a span of its polygon.
-// Nothing is drawn here.
+// the polygons that the walk is inside of in a depth stack; every visible run that closes becomes a span of its
+// polygon. Nothing is drawn here.
 //
 //   depth stack:   StackTopPolygon <-> nearest <-> ... <-> farthest <-> BackgroundPolygon
 //
@@ -33,8 +33,9 @@ struct ScanlineTables {
 };
 
 // Resolves every row of the rectangle into spans. `firstY` is where on the screen the first row is taken to lie, the
-// view's own `top` with its fraction: depths are compared there and at whole steps below. Needs a complete edge pass and
-// an emptied span pool. When the span pool cannot grow the rest of the frame stays unresolved, and the caller is not told.
+// view's own `top` with its fraction: depths are compared there and at whole steps below. Needs a complete edge pass
+// and an emptied span pool. When the span pool cannot grow the rest of the frame stays unresolved, and the caller is
+// not told.
 void ResolveScanlines(HostContext& context, const DrawnRectangle& drawn, f32 firstY, const ScanlineTables& tables);
 
 } // namespace kardeno

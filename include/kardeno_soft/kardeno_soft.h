@@ -2,9 +2,9 @@
    records it is all that a host needs.
 
    Load the library by file name, look the 28 functions up by their plain names, call Kardeno_Init_Render_Dll once, then
-   anything in any order, one call at a time: there is one renderer for a process, it keeps its state in globals, and none
-   of the functions may be called from inside a host callback. All use the C calling convention (the caller pops the
-   arguments), and all accept a stack that is aligned to 4 bytes only. A function that can fail says so by a 0 result. */
+   anything in any order, one call at a time: there is one renderer for a process, it keeps its state in globals, and
+   none of the functions may be called from inside a host callback. All use the C calling convention (the caller pops
+   the arguments), and all accept a stack that is aligned to 4 bytes only. A function that can fail answers 0. */
 #pragma once
 
 #include "host_records.h"

@@ -1,8 +1,8 @@
 /* How a material is drawn: the render-mode table, twenty rows of routines that lie one after another in memory, and the
    renderer's private record on a material, which points at one of them.
 
-   A host chooses a row by Kardeno_Set_Material_Render_State_Dll and needs none of this. Two rows are chosen by no render
-   state, rowSpareA and rowSpareB. A host reaches them by moving the pointer itself: set a render state, then
+   A host chooses a row by Kardeno_Set_Material_Render_State_Dll and needs none of this. Two rows are chosen by no
+   render state, rowSpareA and rowSpareB. A host reaches them by moving the pointer itself: set a render state, then
 
        material->renderPrivate->mode += rowSpareA - rowOfThatState;
 
