@@ -41,6 +41,13 @@ class CountResults(ToolTest):
         self.assertEqual([line.split() for line in run.stdout.splitlines()],
                          ["one 3 passed 0 failed 83 s".split(), "3 passed, 0 failed".split()])
 
+    def test_what_a_build_cannot_test_is_named_below_its_line_and_counts_as_nothing(self):
+        run = self.count(log(("tests_library", "[not here] odd stacks: only on x86\r\n" + SUMMARY),
+                             ("absent_pages", "[not here] pages: there is no browser\n")))
+        self.assert_counts(run, 3, 0)
+        self.assertEqual([line.strip() for line in run.stdout.splitlines()[1:3]],
+                         ["not here: pages: there is no browser", "not here: odd stacks: only on x86"])
+
     def test_lines_of_windows_programs_end_in_a_carriage_return(self):
         self.assert_counts(self.count(log(("tests_raster", SUMMARY.replace("\n", "\r\n")))), 3, 0)
 
