@@ -1,7 +1,10 @@
 #include "sample_host/options.h"
 
+#include "sample_host/host/failure.h"
+#include "sample_host/scenes/scenes.h"
+
+#include <algorithm>
 #include <charconv>
-#include <stdexcept>
 
 namespace sample_host {
 
@@ -30,14 +33,14 @@ Draws a scene through the renderer and writes what it drew as PNG files.
                           lit ones always have 256 colours
   --library FILE          the renderer (beside the program)
   --out DIR               where the pictures go (pictures)
-  --help                  this text
+  -h, --help              this text
 )";
 
 namespace {
 
-[[noreturn]] void fail(const std::string& sentence)
+[[noreturn]] void refuse(const std::string& sentence)
 {
-    throw std::runtime_error(sentence + " (--help lists the options)");
+    fail(sentence + " (--help lists what can be asked for)");
 }
 
 // A whole number within its bounds, and nothing behind it.
@@ -46,8 +49,8 @@ int number(std::string_view text, int least, int most, const std::string& option
     int value = 0;
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
     if (error != std::errc{} || end != text.data() + text.size() || value < least || value > most) {
-        fail(option + " takes a number from " + std::to_string(least) + " to " + std::to_string(most) + ", not '"
-             + std::string(text) + "'");
+        refuse(option + " takes a number from " + std::to_string(least) + " to " + std::to_string(most) + ", not '"
+               + std::string(text) + "'");
     }
     return value;
 }
@@ -55,7 +58,7 @@ int number(std::string_view text, int least, int most, const std::string& option
 // Which of two words it is: false for the first.
 bool choice(const std::string& text, const char* first, const char* second, const std::string& option)
 {
-    if (text != first && text != second) fail(option + " is " + first + " or " + second + ", not '" + text + "'");
+    if (text != first && text != second) refuse(option + " is " + first + " or " + second + ", not '" + text + "'");
     return text == second;
 }
 
@@ -63,40 +66,43 @@ bool choice(const std::string& text, const char* first, const char* second, cons
 void readSize(const std::string& size, Options& options)
 {
     const std::size_t cross = size.find('x');
-    if (cross == std::string::npos) fail("--size is a width, an x and a height, not '" + size + "'");
+    if (cross == std::string::npos) refuse("--size is a width, an x and a height, not '" + size + "'");
     options.width = number(std::string_view(size).substr(0, cross), 16, 4096, "--size");
     options.height = number(std::string_view(size).substr(cross + 1), 16, 4096, "--size");
 }
 
-// What does not go together.
+// What is not there, or does not go together.
 void check(const Options& options)
 {
-    if (!options.sceneName.empty() && !options.modelFile.empty()) fail("a model or a scene, not both");
+    if (!options.sceneName.empty() && !sceneNamed(options.sceneName))
+        refuse("there is no scene '" + options.sceneName + "'");
+    if (!options.sceneName.empty() && !options.modelFile.empty()) refuse("a model or a scene, not both");
     if (options.command == Command::gallery && (!options.sceneName.empty() || !options.modelFile.empty()))
-        fail("the gallery takes no model and no scene");
-    if (options.command != Command::draw && options.frames > 1) fail("only a scene can be a turntable");
+        refuse("the gallery takes no model and no scene");
+    if (options.command != Command::draw && options.frames > 1) refuse("only a scene can be a turntable");
     if (options.command == Command::pick && (options.pickX >= options.width || options.pickY >= options.height))
-        fail("the pixel to pick lies outside the picture");
+        refuse("the pixel to pick lies outside the picture");
 }
 
 } // namespace
 
 Options readOptions(std::span<const char* const> arguments)
 {
+    const auto asksForHelp = [](std::string_view argument) { return argument == "-h" || argument == "--help"; };
+    if (std::any_of(arguments.begin(), arguments.end(), asksForHelp)) return {.command = Command::help};
+
     Options options;
     for (std::size_t i = 0; i < arguments.size(); ++i) {
         const std::string option = arguments[i];
         const auto value = [&]() -> std::string {
-            if (i + 1 == arguments.size()) fail(option + " needs a value");
+            if (i + 1 == arguments.size()) refuse(option + " needs a value");
             return arguments[++i];
         };
         const auto command = [&](Command wanted) {
-            if (options.command != Command::draw) fail("one command at a time: '" + option + "' is the second");
+            if (options.command != Command::draw) refuse("one command at a time: '" + option + "' is the second");
             options.command = wanted;
         };
-        if (option == "--help")
-            return {.command = Command::help};
-        else if (option == "gallery")
+        if (option == "gallery")
             command(Command::gallery);
         else if (option == "pick") {
             command(Command::pick);
@@ -122,9 +128,9 @@ Options readOptions(std::span<const char* const> arguments)
         else if (option == "--size")
             readSize(value(), options);
         else if (option.starts_with("-"))
-            fail("there is no option " + option);
+            refuse("there is no option " + option);
         else if (!options.modelFile.empty())
-            fail("one model at a time: '" + option + "' is the second");
+            refuse("one model at a time: '" + option + "' is the second");
         else
             options.modelFile = option;
     }

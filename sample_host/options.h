@@ -1,7 +1,7 @@
 // The command line of the sample host.
 #pragma once
 
-#include "sample_host/material.h"
+#include "sample_host/host/material.h"
 
 #include <span>
 
@@ -29,7 +29,8 @@ struct Options {
 
 extern const char* const usage;
 
-// Throws with a sentence when an argument is unknown or its value cannot be used.
+// Looks at nothing but the arguments. With -h or --help among them the command is help, whatever the others are. Throws
+// with a sentence when an argument is unknown or its value cannot be used.
 Options readOptions(std::span<const char* const> arguments);
 
 } // namespace sample_host

@@ -1,5 +1,5 @@
-#include "sample_host/engine.h"
-#include "sample_host/vector_maths.h"
+#include "sample_host/host/engine.h"
+#include "sample_host/host/vector_maths.h"
 
 #include <doctest/doctest.h>
 

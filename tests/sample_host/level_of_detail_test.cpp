@@ -1,4 +1,4 @@
-#include "sample_host/level_of_detail.h"
+#include "sample_host/host/level_of_detail.h"
 
 #include <doctest/doctest.h>
 

@@ -76,6 +76,13 @@ TEST_CASE("the gallery and the help are commands of their own")
     CHECK(read({"a.obj", "--help"}).command == Command::help);
 }
 
+TEST_CASE("-h and --help ask for help, whatever else is wrong")
+{
+    CHECK(read({"-h"}).command == Command::help);
+    CHECK(read({"--size", "nonsense", "-h"}).command == Command::help);
+    CHECK(read({"--nothing", "--help"}).command == Command::help);
+}
+
 TEST_CASE("what cannot be used is refused with a sentence")
 {
     const std::vector<std::vector<const char*>> wrong{
@@ -94,6 +101,7 @@ TEST_CASE("what cannot be used is refused with a sentence")
         {"one.obj", "two.obj"},
         {"--room", "one.obj"},
         {"--scene"},
+        {"--scene", "kitchen"},
         {"--scene", "room", "one.obj"},
         {"pick"},
         {"pick", "1"},

@@ -1,7 +1,8 @@
-#include "sample_host/palette.h"
+#include "sample_host/pictures/palette.h"
 
 #include <doctest/doctest.h>
 
+#include <cstdlib>
 #include <set>
 
 using namespace sample_host;

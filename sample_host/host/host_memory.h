@@ -1,0 +1,23 @@
+// The memory that the renderer asks the host for.
+#pragma once
+
+#include "sample_host/host/renderer_table.h"
+
+namespace sample_host {
+
+// The renderer has memory as long as this object lives. It never releases its lists and pools by itself, so the
+// destructor releases what is still held. There is one such object: made before the renderer is loaded, destroyed after
+// the renderer is unloaded. The blocks hang on a static variable, because the renderer hands its memory functions
+// nothing that would lead to an object.
+class HostMemory {
+public:
+    HostMemory() = default;
+    ~HostMemory();
+    HostMemory(const HostMemory&) = delete;
+    HostMemory& operator=(const HostMemory&) = delete;
+
+    // Fills in the three memory functions.
+    static void serve(HostContext& context);
+};
+
+} // namespace sample_host

@@ -1,0 +1,90 @@
+#include "sample_host/program.h"
+
+#include "sample_host/host/host_memory.h"
+#include "sample_host/host/renderer_file.h"
+#include "sample_host/models/obj_model.h"
+#include "sample_host/picture_commands.h"
+#include "sample_host/scenes/model_scene.h"
+#include "sample_host/scenes/scenes.h"
+
+#include <filesystem>
+#include <optional>
+#include <ostream>
+
+namespace sample_host {
+
+namespace {
+
+constexpr const char* fetchedModel = "cache/models/OBJ/spider.obj";
+
+// The model to be drawn, or none when it is to be a scene.
+std::optional<Model> chosenModel(const Options& options, std::ostream& out)
+{
+    if (options.command == Command::gallery || !options.sceneName.empty()) return std::nullopt;
+    if (!options.modelFile.empty()) return readObjModel(options.modelFile);
+    if (std::filesystem::exists(fetchedModel)) return readObjModel(fetchedModel);
+    out << "no model is named and none was fetched: drawing the room instead\n";
+    return std::nullopt;
+}
+
+// One engine at a time: there is one renderer, and it serves the context that it was given last.
+void drawGallery(const RendererTable& renderer, const Options& options)
+{
+    for (const PixelFormat format : {PixelFormat::rgb565, PixelFormat::rgb555}) {
+        Engine engine(renderer, format);
+        writeGallerySheet(engine, options);
+    }
+    for (const SceneEntry& entry : ownScenes) {
+        Engine engine(renderer, options.format);
+        writeScene(*entry.build(engine, options.mode), options);
+    }
+}
+
+std::unique_ptr<Scene> chosenScene(Engine& engine, const std::optional<Model>& model, const Options& options)
+{
+    if (model) return buildModelScene(engine, *model, options.mode);
+    const SceneEntry* entry = sceneNamed(options.sceneName.empty() ? "room" : options.sceneName);
+    return entry->build(engine, options.mode);
+}
+
+void run(const Options& options, const std::string& library, std::ostream& out)
+{
+    if (options.command == Command::help) {
+        out << usage;
+        return;
+    }
+    const std::optional<Model> model = chosenModel(options, out);
+    if (model)
+        for (const std::string& remark : model->remarks) out << remark << "\n";
+    out.flush(); // before what the commands say
+
+    const HostMemory memory; // outlives the renderer
+    const RendererFile renderer(options.libraryFile.empty() ? library
+                                                            : std::filesystem::absolute(options.libraryFile).string());
+    if (options.command == Command::gallery) return drawGallery(renderer.table(), options);
+
+    Engine engine(renderer.table(), options.format);
+    const std::unique_ptr<Scene> scene = chosenScene(engine, model, options);
+    if (options.command == Command::pick)
+        writePick(*scene, options);
+    else
+        writeScene(*scene, options);
+}
+
+} // namespace
+
+int runProgram(std::span<const char* const> arguments, const std::string& library, std::ostream& out,
+               std::ostream& errors)
+{
+    try {
+        run(readOptions(arguments), library, out);
+        return 0;
+    } catch (const std::bad_alloc&) {
+        errors << "sample_host: there is not enough memory\n";
+    } catch (const std::exception& error) {
+        errors << "sample_host: " << error.what() << "\n";
+    }
+    return 1;
+}
+
+} // namespace sample_host
