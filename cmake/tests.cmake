@@ -1,7 +1,8 @@
 # One test program per folder of tests/, linked with the library's objects.
 #
 #   tests/<room>/*_test.cpp          the tests; the other .cpp files of that folder are helpers of this one program
-#   tests/support/*.h                the tests' host, scenes and frames: headers alone, for all programs
+#   tests/support/                   the tests' host, scenes and frames, compiled once for all programs; its *_test.cpp
+#                                    are the tests of the room support
 #   scenes/                          scenes that all programs share
 if(NOT EXISTS ${CMAKE_BINARY_DIR}/headers/doctest/doctest.h)
     message(FATAL_ERROR "The tests need doctest: run tools/setup check, or configure with -DKARDENO_TESTS=OFF")
@@ -35,12 +36,36 @@ target_link_libraries(test_options INTERFACE
 add_library(test_main OBJECT ${test_folder}/test_main.cpp)
 target_link_libraries(test_main PRIVATE test_options)
 
+# Test code runs once and briefly: most of what -O2 would do to it is lost time. What is tested is compiled as ever.
+add_library(test_code INTERFACE)
+target_link_libraries(test_code INTERFACE test_options)
+target_compile_options(test_code INTERFACE $<$<CONFIG:Release>:-O1>)
+
+file(GLOB support_sources CONFIGURE_DEPENDS ${test_folder}/support/*.cpp)
+list(FILTER support_sources EXCLUDE REGEX "_test\\.cpp$")
+add_library(test_support OBJECT ${support_sources})
+target_link_libraries(test_support PRIVATE test_code)
+
+# What nearly every test reads first, read once; each file still includes what it uses. The programs take this header over
+# as it is, so they are compiled with the options of test_support and no others.
+target_precompile_headers(test_support PRIVATE
+    <doctest/doctest.h> <algorithm> <cmath> <cstdlib> <cstring> <deque> <functional> <limits> <memory> <ostream> <random>
+    <set> <string> <vector>)
+# ccache keeps what was compiled with such a header only when it may trust the header's checksum.
+if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache$")
+    set(test_launcher ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CMAKE_CXX_COMPILER_LAUNCHER})
+    target_compile_options(test_code INTERFACE -fpch-preprocess)
+    set_target_properties(test_support PROPERTIES CXX_COMPILER_LAUNCHER "${test_launcher}")
+endif()
+
 # A test program is one entry of CTest. It runs in the folder of the sources, so that a file it reads has one name in
 # every build.
 function(kardeno_add_test_program program)
     add_executable(${program} ${ARGN})
     set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
-    target_link_libraries(${program} PRIVATE test_options test_main)
+    target_link_libraries(${program} PRIVATE test_code test_main)
+    target_precompile_headers(${program} REUSE_FROM test_support)
+    set_target_properties(${program} PROPERTIES CXX_COMPILER_LAUNCHER "${test_launcher}")
     add_test(NAME ${program} COMMAND ${program} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
     set_tests_properties(${program} PROPERTIES FIXTURES_REQUIRED emulator)
 endfunction()
@@ -52,9 +77,10 @@ target_link_libraries(scenes PRIVATE test_options)
 
 foreach(room ${kardeno_rooms} scenes robustness reference library)
     file(GLOB sources CONFIGURE_DEPENDS ${test_folder}/${room}/*.cpp)
+    list(REMOVE_ITEM sources ${support_sources})
     if(sources)
         kardeno_add_test_program(tests_${room} ${sources})
-        target_link_libraries(tests_${room} PRIVATE scenes kardeno_objects)
+        target_link_libraries(tests_${room} PRIVATE test_support scenes kardeno_objects)
     endif()
 endforeach()
 

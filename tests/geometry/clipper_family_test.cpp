@@ -1,6 +1,7 @@
 // What holds for all thirty-six clippers, and the exact arithmetic of a cut.
 #include "geometry/plane_clipping.h"
 #include "tests/geometry/one_face.h"
+#include "tests/support/seeds.h"
 
 #include <doctest/doctest.h>
 
@@ -169,46 +170,46 @@ TEST_CASE("a clipper writes nothing but the count, the outcodes and its arrays")
 TEST_CASE("a side shared by two faces is cut at bit-identical points, whichever way round it runs")
 {
     const TestView view(bounds);
-    constexpr u32 seed = 4711;
-    INFO("seed ", seed);
-    std::mt19937 random(seed);
-    const auto number = [&](f32 low, f32 high) {
-        return low + (high - low) * static_cast<f32>(random()) / 4294967296.0f;
-    };
-    forEachPlane([&]<class Plane>() {
-        i32 different = 0;
-        for (i32 round = 0; round < 2000; ++round) {
-            ScreenPolygon one = triangleAcross<Plane>(view);
-            Arrays::forEach([&]<class Array>() {
-                const f32 inward = isUpper<Plane> ? -1.0f : 1.0f;
-                const f32 bound = Plane::bound(view.record);
-                const bool isTested = tested<Plane, Array>();
-                f32* const values = one.*Array::values;
-                values[0] = isTested ? bound - inward * number(0.001f, 900) : number(-3000, 3000);
-                for (const i32 i : {1, 2})
-                    values[i] = isTested ? bound + inward * number(0.001f, 900) : number(-3000, 3000);
-            });
-            // The other face has the corners 0 and 1 in the opposite order, and a third one elsewhere.
-            ScreenPolygon other = one;
-            std::swap(other.outcode[0], other.outcode[1]);
-            Arrays::forEach([&]<class Array>() {
-                f32* const values = other.*Array::values;
-                std::swap(values[0], values[1]);
-                values[2] += 1;
-            });
+    forEachSeed(4711, 1, [&](u32 seed) {
+        std::mt19937 random(seed);
+        const auto number = [&](f32 low, f32 high) {
+            return low + (high - low) * static_cast<f32>(random()) / 4294967296.0f;
+        };
+        forEachPlane([&]<class Plane>() {
+            i32 different = 0;
+            for (i32 round = 0; round < 2000; ++round) {
+                ScreenPolygon one = triangleAcross<Plane>(view);
+                Arrays::forEach([&]<class Array>() {
+                    const f32 inward = isUpper<Plane> ? -1.0f : 1.0f;
+                    const f32 bound = Plane::bound(view.record);
+                    const bool isTested = tested<Plane, Array>();
+                    f32* const values = one.*Array::values;
+                    values[0] = isTested ? bound - inward * number(0.001f, 900) : number(-3000, 3000);
+                    for (const i32 i : {1, 2})
+                        values[i] = isTested ? bound + inward * number(0.001f, 900) : number(-3000, 3000);
+                });
+                // The other face has the corners 0 and 1 in the opposite order, and a third one elsewhere.
+                ScreenPolygon other = one;
+                std::swap(other.outcode[0], other.outcode[1]);
+                Arrays::forEach([&]<class Array>() {
+                    f32* const values = other.*Array::values;
+                    std::swap(values[0], values[1]);
+                    values[2] += 1;
+                });
 
-            clip<Plane, ColouredTextured>(&view.record, &one);   // cut of 0-1, 1, 2, cut of 2-0
-            clip<Plane, ColouredTextured>(&view.record, &other); // cut of 0-1, cut of 1-2, 2, 0
-            Arrays::forEach([&]<class Array>() {
-                const bool same =
-                    std::bit_cast<u32>((one.*Array::values)[0]) == std::bit_cast<u32>((other.*Array::values)[0]);
-                const bool carried =
-                    tested<Plane, Array>() || positionCarried<Plane, Array>() || carries<ColouredTextured, Array>();
-                different += carried && !same;
-            });
-            different += one.outcode[0] != other.outcode[0];
-        }
-        CHECK(different == 0);
+                clip<Plane, ColouredTextured>(&view.record, &one);   // cut of 0-1, 1, 2, cut of 2-0
+                clip<Plane, ColouredTextured>(&view.record, &other); // cut of 0-1, cut of 1-2, 2, 0
+                Arrays::forEach([&]<class Array>() {
+                    const bool same =
+                        std::bit_cast<u32>((one.*Array::values)[0]) == std::bit_cast<u32>((other.*Array::values)[0]);
+                    const bool carried =
+                        tested<Plane, Array>() || positionCarried<Plane, Array>() || carries<ColouredTextured, Array>();
+                    different += carried && !same;
+                });
+                different += one.outcode[0] != other.outcode[0];
+            }
+            CHECK(different == 0);
+        });
     });
 }
 

@@ -1,4 +1,5 @@
 #include "geometry/polygon_lists.h"
+#include "host/host_context.h"
 #include "host/render_modes.h"
 #include "kardeno_soft/kardeno_soft.h"
 #include "raster/colour_tables.h"

@@ -1,12 +1,12 @@
 #include "tests/reference/comparison.h"
 
 #include "tests/reference/reference_spans.h"
+#include "tests/support/seeds.h"
 
 #include <doctest/doctest.h>
 
 #include <algorithm>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 
 namespace kardeno::tests {
@@ -15,7 +15,6 @@ namespace {
 
 constexpr i32 framesOfScene = 2;
 constexpr i32 picksOfFrame = 6;
-constexpr i32 seedsOfTheme = 10000;
 constexpr i32 fence = 6; // pixels around the frame that are compared as well
 
 // Everything outside the frame buffer that a frame or a pick may change, and the calls that it made.
@@ -119,12 +118,6 @@ std::string differenceOf(const TestFrame& library, const TestFrame& model, Rando
     return differing == 0 ? "" : first + "; " + std::to_string(differing) + " pixels differ";
 }
 
-i32 numberFromEnvironment(const char* name, i32 otherwise)
-{
-    const char* const text = std::getenv(name);
-    return text ? std::atoi(text) : otherwise;
-}
-
 // Anywhere, on whole pixels, or exactly on a corner.
 Corner randomPoint(RandomScene& scene)
 {
@@ -136,11 +129,6 @@ Corner randomPoint(RandomScene& scene)
     const std::vector<ScreenVertex>& vertices = scene.host.screenVertices;
     const ScreenVertex& vertex = vertices[scene.random.next() % vertices.size()];
     return {vertex.x, vertex.y};
-}
-
-void report(u32 seed, i32 frame, const std::string& difference)
-{
-    FAIL("KARDENO_REFERENCE_SEED=", seed, ", frame ", frame, ": ", difference);
 }
 
 } // namespace
@@ -191,16 +179,14 @@ std::string comparePicks(RandomScene& scene, f32 x, f32 y)
     return libraryFace == modelFace && std::memcmp(&libraryDepth, &modelDepth, sizeof(f32)) == 0 ? "" : text;
 }
 
-Compared compareScenes(u32 firstSeed, i32 count, const SceneChoice& choice)
+Compared compareScenes(u32 firstSeed, u32 count, const SceneChoice& choice)
 {
     Compared compared;
-    count = std::min(count * numberFromEnvironment("KARDENO_REFERENCE_FACTOR", 1), seedsOfTheme);
-    const i32 replayed = numberFromEnvironment("KARDENO_REFERENCE_SEED", -1);
-    for (u32 seed = firstSeed; seed < firstSeed + static_cast<u32>(replayed < 0 ? count : seedsOfTheme); ++seed) {
-        if (replayed >= 0 && seed != static_cast<u32>(replayed)) continue;
+    forEachSeed(firstSeed, count, [&](u32 seed) {
         RandomScene scene(seed, choice, referenceRenderer());
         ++compared.scenes;
         for (i32 frame = 0; frame < framesOfScene; ++frame) {
+            CAPTURE(frame);
             if (frame > 0) scene.nextFrame();
             std::string difference = compareFrames(scene);
             ++compared.frames;
@@ -217,12 +203,9 @@ Compared compareScenes(u32 firstSeed, i32 count, const SceneChoice& choice)
                 compared.hits += scene.lastPickHit;
             }
             compared.mostGrowths = std::max(compared.mostGrowths, static_cast<i32>(scene.host.reallocs().size()));
-            if (!difference.empty()) {
-                report(seed, frame, difference);
-                return compared;
-            }
+            REQUIRE(difference == "");
         }
-    }
+    });
     return compared;
 }
 

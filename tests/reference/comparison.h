@@ -23,10 +23,7 @@ struct Compared {
     i32 mostGrowths = 0; // of lists and pools in one scene
 };
 
-// Builds the scenes of `count` seeds and compares frames and picks of each; the first difference fails the test case
-// with the seed that replays it.
-//   KARDENO_REFERENCE_SEED=<seed>    runs that seed alone
-//   KARDENO_REFERENCE_FACTOR=<n>     runs n times as many scenes
-Compared compareScenes(u32 firstSeed, i32 count, const SceneChoice& choice);
+// Builds the scenes of `count` seeds and compares frames and picks of each; the first difference ends the test case.
+Compared compareScenes(u32 firstSeed, u32 count, const SceneChoice& choice);
 
 } // namespace kardeno::tests

@@ -1,5 +1,6 @@
 // What a material's settings make of it, by the library and by the reference renderer: flag word, row, state, ramp.
 #include "tests/reference/comparison.h"
+#include "tests/support/seeds.h"
 
 #include <doctest/doctest.h>
 
@@ -67,8 +68,7 @@ TEST_CASE("every combination of state, texture, shading mode and transparency se
 
 TEST_CASE("materials that change again and again keep the same rows, states and ramps")
 {
-    for (u32 seed = 1; seed <= 40; ++seed) {
-        CAPTURE(seed);
+    forEachSeed(40, [](u32 seed) {
         RandomNumbers random(seed);
         const i32 formats[] = {15, 16, 32};
         TestHost host(random.oneOf(formats));
@@ -100,5 +100,5 @@ TEST_CASE("materials that change again and again keep the same rows, states and 
             }
         }
         for (const TestMaterial* material : materials) checkAlike(*material, fallback, model.materials);
-    }
+    });
 }

@@ -9,6 +9,8 @@
 
 using namespace kardeno;
 using namespace kardeno::scenes;
+using kardeno::tests::checkOverAllSeeds;
+using kardeno::tests::forEachSeed;
 using kardeno::tests::TestFrame;
 
 namespace {
