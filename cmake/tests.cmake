@@ -33,6 +33,11 @@ add_library(test_options INTERFACE)
 target_link_libraries(test_options INTERFACE
     kardeno_headers kardeno_arithmetic kardeno_warnings third_party_headers ${CMAKE_DL_LIBS})
 
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
+    target_compile_definitions(test_options INTERFACE
+        DOCTEST_CONFIG_NO_POSIX_SIGNALS DOCTEST_CONFIG_NO_EXCEPTIONS_BUT_WITH_ALL_ASSERTS)
+endif()
+
 add_library(test_main OBJECT ${test_folder}/test_main.cpp)
 target_link_libraries(test_main PRIVATE test_options)
 
@@ -75,7 +80,12 @@ file(GLOB scene_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/scenes/*.cpp)
 add_library(scenes OBJECT ${scene_sources})
 target_link_libraries(scenes PRIVATE test_options)
 
-foreach(room ${kardeno_rooms} scenes robustness reference library)
+set(test_folders ${kardeno_rooms} scenes robustness reference library)
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
+    list(REMOVE_ITEM test_folders library)
+    kardeno_not_here(tests_library "a WebAssembly module has no dynamic library to load; the page links it in")
+endif()
+foreach(room ${test_folders})
     file(GLOB sources CONFIGURE_DEPENDS ${test_folder}/${room}/*.cpp)
     list(REMOVE_ITEM sources ${support_sources})
     if(sources)
