@@ -63,7 +63,6 @@ add_test(NAME check_behaviours COMMAND ${tools}/check_behaviours)
 add_test(NAME check_words COMMAND ${tools}/check_words)
 add_test(NAME check_format COMMAND ${tools}/check_format --any-width tests --any-width tools/check_includes)
 add_test(NAME check_tools COMMAND python3 -B -m unittest discover -s ${PROJECT_SOURCE_DIR}/tests/tools -p "*_test.py")
-set_tests_properties(check_tools PROPERTIES TIMEOUT 900) # some hundred processes, slow on a busy machine
 
 add_header_check(check_headers_compile_alone headers_alone "")
 

@@ -66,6 +66,10 @@ class CheckObjects(ToolTest):
         bad = self.compiled("rows_avx2", text, "-std=c++20", "-mavx2")
         self.assert_fails(self.run_tool("check_objects", "levels", bad), "shares counter with other objects")
 
+    def test_weak_data_in_an_object_of_a_higher_level_is_found(self):
+        bad = self.compiled("rows_avx2", "extern int weak;\n__attribute__((weak)) int weak = 3;\n", "-mavx2")
+        self.assert_fails(self.run_tool("check_objects", "levels", bad), "shares weak with other objects")
+
     def test_a_static_variable_of_an_inline_routine_is_found(self):
         text = "inline int& count() { static int n; return n; }\nint user();\nint user() { return count(); }\n"
         bad = self.compiled("rows_avx2", text, "-mavx2")
