@@ -1,5 +1,5 @@
-# Checks beside the tests: what the built library and its objects look like from outside, and what the sources keep to.
-# Each is an entry of CTest named check_*.
+# The checks beside the tests look at the built library and its objects from outside, and at the rules that the sources
+# keep to. Each is an entry of CTest named check_*.
 set(tools ${PROJECT_SOURCE_DIR}/tools)
 
 add_test(NAME check_exports COMMAND ${tools}/check_exports exports $<TARGET_FILE:kardeno_soft>)
@@ -25,7 +25,7 @@ endif()
 add_test(NAME check_includes COMMAND ${tools}/check_includes)
 add_test(NAME check_behaviours COMMAND ${tools}/check_behaviours)
 
-# The two checks that compile do so as part of the test: what they find is a failed test and not a failed build.
+# The two checks that compile do so as part of the test, so that what they find is a failed test and not a failed build.
 function(add_compiling_check name target)
     add_test(NAME ${name} COMMAND ${CMAKE_COMMAND} --build ${CMAKE_BINARY_DIR} --target ${target} -- -k 0)
     set_tests_properties(${name} PROPERTIES RESOURCE_LOCK build_folder)
@@ -47,7 +47,7 @@ add_library(headers_alone OBJECT EXCLUDE_FROM_ALL ${header_users})
 target_link_libraries(headers_alone PRIVATE kardeno_options)
 add_compiling_check(check_headers_compile_alone headers_alone)
 
-# Floating point becomes integer in support/arithmetic*.h alone (tools/check_objects says how this is seen).
+# Floating point becomes integer in support/arithmetic*.h alone. tools/check_objects says how this is seen.
 set(truncation_users ${kardeno_sources})
 list(FILTER truncation_users EXCLUDE REGEX "/support/arithmetic[^/]*\\.cpp$")
 add_library(opaque_truncation OBJECT EXCLUDE_FROM_ALL ${truncation_users})

@@ -1,7 +1,7 @@
-# One test program per folder of tests/, linked with the library's objects.
+# There is one test program for each folder of tests/, linked with the library's objects.
 #
 #   tests/<room>/*_test.cpp          the tests; the other .cpp files of that folder are helpers of this one program
-#   tests/support/*.h                the tests' host, scenes and frames: headers alone, for all programs
+#   tests/support/*.h                the tests' host, scenes and frames, in headers that all programs share
 #   scenes/                          scenes that all programs share
 if(NOT EXISTS ${CMAKE_BINARY_DIR}/headers/doctest/doctest.h)
     message(FATAL_ERROR "The tests need doctest: run tools/setup check, or configure with -DKARDENO_TESTS=OFF")
@@ -9,8 +9,8 @@ endif()
 
 set(test_folder ${PROJECT_SOURCE_DIR}/tests)
 
-# Programs for Windows must find Wine's server running: the first one would otherwise start it, and CTest would wait for
-# the server to end, since it inherits the pipe that CTest reads.
+# Wine's server must be running before the first program for Windows starts. Otherwise that program starts the server,
+# which inherits the pipe that CTest reads, and CTest waits for the server to end.
 if(WIN32 AND CMAKE_CROSSCOMPILING)
     math(EXPR address_bits "8 * ${CMAKE_SIZEOF_VOID_P}")
     add_test(NAME fixture_wine COMMAND ${PROJECT_SOURCE_DIR}/tools/wine ${address_bits} start)
@@ -18,13 +18,14 @@ if(WIN32 AND CMAKE_CROSSCOMPILING)
 endif()
 
 add_library(test_options INTERFACE)
-target_link_libraries(test_options INTERFACE kardeno_headers kardeno_arithmetic kardeno_warnings third_party_headers ${CMAKE_DL_LIBS})
+target_link_libraries(test_options INTERFACE
+    kardeno_headers kardeno_arithmetic kardeno_warnings third_party_headers ${CMAKE_DL_LIBS})
 
 add_library(test_main OBJECT ${test_folder}/test_main.cpp)
 target_link_libraries(test_main PRIVATE test_options)
 
-# A test program is one entry of CTest. It runs in the folder of the sources, so that a file it reads has one name in
-# every build.
+# A test program is one entry of CTest. It runs in the top folder of the sources, so that a file that it reads has the
+# same name in every build.
 function(kardeno_add_test_program program)
     add_executable(${program} ${ARGN})
     set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
@@ -46,7 +47,7 @@ foreach(room ${kardeno_rooms} scenes robustness reference library)
     endif()
 endforeach()
 
-# The tests of the library as a host sees it load it from the file.
+# The tests that see the library as a host does load it from its file.
 if(TARGET tests_library)
     add_dependencies(tests_library kardeno_soft)
     set_tests_properties(tests_library PROPERTIES ENVIRONMENT "KARDENO_LIBRARY=$<TARGET_FILE:kardeno_soft>")
