@@ -34,7 +34,7 @@ function(kardeno_add_test_program program)
     set_tests_properties(${program} PROPERTIES FIXTURES_REQUIRED emulator)
 endfunction()
 
-# The scenes that tests, benches and pages share.
+# The scenes that all test programs share.
 file(GLOB scene_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/scenes/*.cpp)
 add_library(scenes OBJECT ${scene_sources})
 target_link_libraries(scenes PRIVATE test_options)
