@@ -1,5 +1,5 @@
-# Checks beside the tests: what the built library and its objects look like from outside, and what the sources keep to.
-# Each is an entry of CTest named check_*.
+# The checks beside the tests look at the built library and its objects from outside, and at the rules that the sources
+# keep to. Each is an entry of CTest named check_*.
 set(tools ${PROJECT_SOURCE_DIR}/tools)
 
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
@@ -66,7 +66,7 @@ add_test(NAME check_tools COMMAND python3 -B -m unittest discover -s ${PROJECT_S
 
 add_header_check(check_headers_compile_alone headers_alone "")
 
-# Floating point becomes integer in support/arithmetic*.h alone (tools/check_objects says how this is seen).
+# Floating point becomes integer in support/arithmetic*.h alone. tools/check_objects says how this is seen.
 set(truncation_users ${kardeno_sources})
 list(FILTER truncation_users EXCLUDE REGEX "/support/arithmetic[^/]*\\.cpp$")
 add_library(opaque_truncation OBJECT EXCLUDE_FROM_ALL ${truncation_users})

@@ -1,8 +1,8 @@
-# How everything is compiled. Four sets, each an interface library:
+# How everything is compiled. There are four sets of options, each an interface library:
 #   kardeno_headers     where #include "room/header.h" and #include "kardeno_soft/header.h" are looked for
-#   kardeno_arithmetic  what the pixels depend on; whatever computes with the library's numbers uses it, tests included
+#   kardeno_arithmetic  what the pixels depend on; all that computes with the library's numbers uses it, tests included
 #   kardeno_warnings    the warnings that tests and tools are held to
-#   kardeno_options     the library itself: both of the above and what keeps a run-time library out of it
+#   kardeno_options     what the library uses: the three above, and what keeps a C++ run-time library out of it
 
 add_library(kardeno_headers INTERFACE)
 target_include_directories(kardeno_headers INTERFACE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
@@ -13,15 +13,15 @@ if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
     target_compile_options(kardeno_arithmetic INTERFACE -msse2 -mfpmath=sse)
 endif()
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^i[3-6]86$")
-    # Hosts call in with any multiple of 4 in ESP, SSE wants 16. GCC realigns the frames of AddressSanitizer only when
-    # told so in a second way.
+    # A host may call with a stack that is aligned to 4 bytes only, while SSE needs 16: functions realign the stack. GCC
+    # realigns the frames that AddressSanitizer lays out only with the second option.
     target_compile_options(kardeno_arithmetic INTERFACE -msse2 -mfpmath=sse -mstackrealign)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
         target_compile_options(kardeno_arithmetic INTERFACE -mincoming-stack-boundary=2)
     endif()
 endif()
 
-# A designated initialiser names what matters and leaves the rest 0 on purpose.
+# A designated initialiser names the fields that matter and leaves the others 0 on purpose.
 add_library(kardeno_warnings INTERFACE)
 target_compile_options(kardeno_warnings INTERFACE
     -Wall -Wextra -Wpedantic -Wshadow -Wno-missing-field-initializers -Werror)
@@ -32,22 +32,23 @@ target_compile_options(kardeno_options INTERFACE
     -fno-exceptions -fvisibility=hidden $<$<COMPILE_LANGUAGE:CXX>:-fno-rtti -fno-threadsafe-statics>
     -Wconversion -Wsign-conversion)
 
-# Programs for WebAssembly: no exceptions in its C++ library, signals and clocks by emulation, and a stack that is large
-# enough for a scene; below it lies nothing, so that an overflow traps and never runs into data.
+# WebAssembly's C++ library has no exceptions, and signals are emulated there. The stack is large enough for a scene,
+# and nothing lies below it, so that an overflow traps instead of running into data.
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
     add_compile_options($<$<COMPILE_LANGUAGE:CXX>:-fno-exceptions> -D_WASI_EMULATED_SIGNAL)
     add_link_options(-lwasi-emulated-signal -Wl,-z,stack-size=1048576 -Wl,--stack-first)
 endif()
 
-# Everything that is built, tests and sample host too: the run-time of the sanitizers must come with the program.
+# A sanitized build compiles everything so, tests and sample host too: the run-time library of the sanitizers must come
+# with the program.
 if(KARDENO_SANITIZED)
     set(sanitizers -fsanitize=address,undefined -fno-sanitize=vptr)
     add_compile_options(${sanitizers} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(${sanitizers})
 endif()
 
-# A file whose name ends in the name of an instruction level may use that level. SSE2 is what every file may use.
-# No level has FMA: it would round once where the scalar routine rounds twice.
+# A file whose name ends in the name of an instruction level is compiled for that level. On x86 every file may use SSE2.
+# No level has fused multiply-add, which would round once where the scalar routine rounds twice.
 set(instruction_level_avx2 -mavx2 -mno-fma)
 
 function(kardeno_set_instruction_levels)

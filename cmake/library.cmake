@@ -1,7 +1,7 @@
-# The library: its rooms, from the one that knows nobody to the one that knows all.
+# The library is built of rooms (folders). Each may include headers of itself and of those before it in this list only.
 set(kardeno_rooms support host geometry spanbuffer raster frame interface)
 
-# The entry routine that Windows calls belongs to the DLL alone, not to the test programs.
+# The entry point that Windows calls belongs to the DLL and not to the test programs.
 set(library_entry_win32 ${PROJECT_SOURCE_DIR}/interface/library_entry_win32.cpp)
 
 set(kardeno_sources)
@@ -12,12 +12,12 @@ endforeach()
 list(REMOVE_ITEM kardeno_sources ${library_entry_win32})
 kardeno_set_instruction_levels(${kardeno_sources})
 
-# The objects stand apart from the library so that tests can reach what the library does not export.
+# The objects are a target of their own, so that tests can link what the library does not export.
 add_library(kardeno_objects OBJECT ${kardeno_sources})
 target_compile_definitions(kardeno_objects PRIVATE KARDENO_BUILDING_LIBRARY)
 target_link_libraries(kardeno_objects PRIVATE kardeno_options)
 
-# A page links the library in: WebAssembly has no dynamic libraries that a host could load.
+# WebAssembly has no dynamic libraries that a host could load: a program links the library in.
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
     add_library(kardeno_soft STATIC $<TARGET_OBJECTS:kardeno_objects>)
     set_target_properties(kardeno_soft PROPERTIES LINKER_LANGUAGE CXX)
@@ -28,7 +28,7 @@ add_library(kardeno_soft SHARED $<TARGET_OBJECTS:kardeno_objects>)
 set_target_properties(kardeno_soft PROPERTIES LINKER_LANGUAGE CXX)
 
 if(WIN32)
-    # No start-up files: nothing runs and nothing is allocated at load but our own entry routine. The fixed base and the
+    # Without the usual start-up files, nothing but our own entry point runs at load. The fixed base address and the
     # missing time stamp make the file depend on the sources alone.
     target_sources(kardeno_soft PRIVATE ${library_entry_win32})
     target_compile_definitions(kardeno_soft PRIVATE KARDENO_BUILDING_LIBRARY)
@@ -49,7 +49,8 @@ else()
     target_link_options(kardeno_soft PRIVATE -Wl,--version-script,${version_script})
     set_target_properties(kardeno_soft PROPERTIES LINK_DEPENDS ${version_script})
     if(NOT KARDENO_SANITIZED)
-        # The C library and the compiler's helpers are all it may need; anything else is an error here and not at load.
+        # The library may need only the C library and the compiler's helpers. Anything else is an error when it is
+        # linked and not when it is loaded.
         target_link_options(kardeno_soft PRIVATE -nodefaultlibs -Wl,-z,defs)
         target_link_libraries(kardeno_soft PRIVATE c gcc)
     endif()

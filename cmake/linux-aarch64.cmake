@@ -1,5 +1,5 @@
-# Programs and libraries for 64-bit ARM Linux, by clang with the headers and libraries of Debian's cross packages
-# (clang-14, lld-14, libstdc++-12-dev-arm64-cross). Debian's own cross compiler cannot stand beside g++-multilib.
+# Builds for 64-bit ARM Linux with clang and the headers and libraries of Debian's cross packages (clang-14, lld-14,
+# libstdc++-12-dev-arm64-cross). Debian's own cross compiler cannot be installed beside g++-multilib.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)
 

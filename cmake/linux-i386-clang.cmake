@@ -1,5 +1,5 @@
-# Programs for 32-bit Linux by clang: what only clang has is the fuzzer (Debian: clang-14, libclang-rt-14-dev; libraries
-# from g++-multilib).
+# Builds for 32-bit Linux with clang, for the sake of libFuzzer, which only clang has (Debian: clang-14,
+# libclang-rt-14-dev, and g++-multilib for its libraries).
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 

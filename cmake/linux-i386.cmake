@@ -1,4 +1,4 @@
-# Programs and libraries for 32-bit Linux, by the machine's own compiler (Debian: g++-multilib).
+# Builds for 32-bit Linux with the machine's own compiler (Debian: g++-multilib).
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 

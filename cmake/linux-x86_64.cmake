@@ -1,4 +1,4 @@
-# Programs and libraries for 64-bit Linux on x86, by the machine's own compiler.
+# Builds for 64-bit Linux on x86 with the machine's own compiler.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 

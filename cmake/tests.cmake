@@ -1,4 +1,4 @@
-# One test program per folder of tests/, linked with the library's objects.
+# There is one test program for each folder of tests/, linked with the library's objects.
 #
 #   tests/<room>/*_test.cpp          the tests; the other .cpp files of that folder are helpers of this one program
 #   tests/support/                   the tests' host, scenes and frames, compiled once for all programs; its *_test.cpp
@@ -10,8 +10,8 @@ endif()
 
 set(test_folder ${PROJECT_SOURCE_DIR}/tests)
 
-# Programs for Windows need Wine, and must find its server running: the first one would otherwise start it, and CTest
-# would wait for the server to end, since it inherits the pipe that CTest reads.
+# Programs for Windows need Wine. Its server must be running before the first of them starts: otherwise that program
+# starts the server, which inherits the pipe that CTest reads, and CTest waits for the server to end.
 if(WIN32 AND CMAKE_CROSSCOMPILING)
     math(EXPR address_bits "8 * ${CMAKE_SIZEOF_VOID_P}")
     set(wine ${PROJECT_SOURCE_DIR}/tools/wine ${address_bits})
@@ -75,7 +75,7 @@ function(kardeno_add_test_program program)
     set_tests_properties(${program} PROPERTIES FIXTURES_REQUIRED emulator)
 endfunction()
 
-# The scenes that tests, benches and pages share.
+# The scenes that all test programs share.
 file(GLOB scene_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/scenes/*.cpp)
 add_library(scenes OBJECT ${scene_sources})
 target_link_libraries(scenes PRIVATE test_options)
@@ -94,7 +94,7 @@ foreach(room ${test_folders})
     endif()
 endforeach()
 
-# The tests of the library as a host sees it load it from the file.
+# The tests that see the library as a host does load it from its file.
 if(TARGET tests_library)
     add_dependencies(tests_library kardeno_soft)
     set_tests_properties(tests_library PROPERTIES ENVIRONMENT "KARDENO_LIBRARY=$<TARGET_FILE:kardeno_soft>")

@@ -1,6 +1,5 @@
-# The header-only libraries that tests and sample host use.
-# They are linked one by one into a folder of the build: /usr/include as a whole, on the search path of a compiler for
-# another system, would hide that system's own headers.
+# The header-only libraries that the tests and the sample host use. Each is linked into a folder of the build by itself:
+# if a compiler for another system searched the whole of /usr/include, it would miss that system's own headers.
 set(headers ${CMAKE_BINARY_DIR}/headers)
 file(MAKE_DIRECTORY ${headers})
 foreach(header doctest stb tiny_obj_loader.h)

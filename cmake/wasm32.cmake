@@ -1,4 +1,4 @@
-# Modules for WebAssembly, by clang with the C library of WASI (Debian: clang-14, llvm-14, lld-14, wasi-libc,
+# Builds for WebAssembly with clang and the C library of WASI (Debian: clang-14, llvm-14, lld-14, wasi-libc,
 # libc++-14-dev-wasm32, libclang-rt-14-dev-wasm32). Programs run under node through tools/run_wasm.mjs.
 set(CMAKE_SYSTEM_NAME Generic)
 set(CMAKE_SYSTEM_PROCESSOR wasm32)

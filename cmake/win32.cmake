@@ -1,5 +1,5 @@
-# Programs and libraries for 32-bit Windows (Debian: g++-mingw-w64-i686-posix).
-# The thread variant makes no difference to the library; the tests want the one that has std::mutex.
+# Builds for 32-bit Windows (Debian: g++-mingw-w64-i686-posix). The library uses no threads, but the tests need the
+# variant of the compiler that has std::mutex.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR i686)
 
@@ -13,5 +13,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# Programs carry the compiler's run-time libraries with them: Windows has none of them.
+# Programs contain the compiler's run-time libraries, because Windows does not come with them.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)

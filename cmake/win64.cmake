@@ -1,4 +1,4 @@
-# Programs and libraries for 64-bit Windows (Debian: g++-mingw-w64-x86-64-posix).
+# Builds for 64-bit Windows (Debian: g++-mingw-w64-x86-64-posix).
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 
@@ -12,5 +12,5 @@ set(CMAKE_FIND_ROOT_PATH_MODE_LIBRARY ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_INCLUDE ONLY)
 set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 
-# Programs carry the compiler's run-time libraries with them: Windows has none of them.
+# Programs contain the compiler's run-time libraries, because Windows does not come with them.
 set(CMAKE_EXE_LINKER_FLAGS_INIT -static)

@@ -13,13 +13,14 @@ namespace kardeno {
 
 namespace {
 
-// What every filler call of a frame is given.
+// The arguments that all filler calls of a frame share.
 struct FillerCall {
     u16* frameBuffer;
     u32 argument;
     u32 pitch;
 };
 
+// The visitor of the object walk that hands every face to the emission routine of its material.
 struct FaceEmitter {
     static constexpr bool lights = true;
 
@@ -29,7 +30,7 @@ struct FaceEmitter {
     }
 };
 
-// Adds the edges of a list's polygons; a list that is never resolved has none in the table.
+// Adds the edges of a list's polygons to the edge table. A list that is not resolved has no edges there.
 template <class TargetList>
 EdgePass addEdgesOf(HostContext& context, const DrawnRectangle& drawn)
 {
@@ -43,7 +44,8 @@ EdgePass addEdgesOf(HostContext& context, const DrawnRectangle& drawn)
     return EdgePass::done;
 }
 
-// A pool that grew may have moved: everything added so far is stale, and the pass begins again.
+// Builds the edge table of the frame. When the edge pool grows it may move, which makes everything that was added
+// stale: the pass begins again. Returns false when the host refused memory.
 bool buildEdgeTable(HostContext& context, const DrawnRectangle& drawn)
 {
     EdgePass result;
@@ -75,7 +77,8 @@ void fill(const ScreenPolygon& polygon, const FillerCall& call)
     modeOf(*polygon.material).fill(&polygon, call.frameBuffer, call.argument, call.pitch);
 }
 
-// In list order, or farthest first. A sorted list without room for the sort is drawn from its last record to its first.
+// Draws the polygons of a list, in list order or, when the list is sorted, from the farthest to the nearest. A sorted
+// list that the sort arrays have no room for is drawn from its last polygon to its first.
 template <class TargetList>
 void draw(const FillerCall& call)
 {
@@ -114,7 +117,7 @@ void renderFrame(HostContext& context, RenderView* view, u16* frameBuffer, u32 f
 
     drawnRectangle = drawn;
     const FillerCall call = {frameBuffer, fillerArgument, static_cast<u32>(view->pitch)};
-    // The background's flat colour is 0, of which both bytes are the low one.
+    // The face colour of the background polygon is 0.
     if (flags & clearUncovered) fillFaceColourLowByte(&BackgroundPolygon, frameBuffer, fillerArgument, call.pitch);
     draw<ResolvedPolygons>(call);
     draw<SortedPolygons>(call);

@@ -1,9 +1,10 @@
-// The walk over the host's object tree: one piece of code for frames and picks. It decides the order of the host's
-// callbacks, which objects are skipped, how the parts of a group are culled as one, and when the cache of projected
-// vertices loses its validity. Transformation and lighting are the host's.
+// The walk over the host's object tree, which frames and picks share. It decides the order of the host's callbacks,
+// which objects are skipped, how the parts of a group are culled as one, and when the cached projections of vertices
+// become stale. Transforming and lighting the vertices is left to the host.
 //
-// Two trees are walked side by side: the object tree, and the drawn objects that the host's selectLevel answers with.
-// They have children and siblings in the same places; where the drawn side runs out, the object itself stands in.
+// Two trees are walked side by side: the object tree, and the tree of the drawn objects, as the host's selectLevel
+// chooses them. A drawn object has its children and siblings in the same places as its object. Where the drawn tree has
+// no counterpart for an object, the object itself is drawn.
 #pragma once
 
 #include "host/render_modes.h"
@@ -12,8 +13,8 @@
 
 namespace kardeno {
 
-// A visitor says whether objects are lit on the walk, and takes the faces of each drawn object for the object of the
-// tree that owns them.
+// A visitor says whether the walk has objects lit. Its visitFaces(view, object, drawn) is called for every visible
+// object and takes the faces of the drawn object, which belong to the object of the tree.
 template <class Visitor>
 concept FaceVisitor = requires(Visitor visitor, RenderView* view, SceneObject* object)
 {
@@ -23,10 +24,10 @@ concept FaceVisitor = requires(Visitor visitor, RenderView* view, SceneObject* o
     visitor.visitFaces(view, object, object);
 };
 
-// True when any of the drawn object's materials is in render state 1 or 2.
+// Whether the row of any of the drawn object's materials was last chosen by render state 1 or 2.
 bool needsLight(const SceneObject& drawn);
 
-// The faces of a drawn object that pass the host's own test: visit(face, index).
+// Calls visit(face, index) for each face of a drawn object that passes the host's own test.
 template <class Visit>
 void forEachTestedFace(const SceneObject& drawn, Visit visit)
 {
@@ -44,6 +45,7 @@ public:
     {
     }
 
+    // Walks all trees of the view.
     void walkRoots()
     {
         for (SceneObject* root = view->firstObject; root; root = root->nextRoot) walkObject(root, root);
@@ -75,7 +77,7 @@ private:
 
     void testBounds(SceneObject* drawn, SceneObject* object) { functionsOf(*drawn).testBounds(drawn, object, view); }
 
-    // The new stamp makes every cached projection stale.
+    // Has the host prepare the vertices of an object. The new stamp makes all cached projections stale.
     void lightAndPrepare(SceneObject* drawn, SceneObject* object)
     {
         ++context.projectionStamp;
@@ -83,7 +85,7 @@ private:
         functionsOf(*drawn).prepareVertices(drawn, object, view);
     }
 
-    // The object and everything below it. Gives back what the object's next sibling has beside it.
+    // Walks an object and everything below it. Returns the counterpart of the object's next sibling in the drawn tree.
     SceneObject* walkObject(SceneObject* object, SceneObject* counterpart)
     {
         SceneObject* beside = object;
@@ -92,7 +94,7 @@ private:
         else if (!object->partOfGroup)
             beside = showPlain(object);
 
-        // The children of a group are met a second time here: its parts are passed over, the others shown.
+        // Here the children of a group are met a second time. Its parts are passed over, and the others are shown.
         SceneObject* childBeside = beside->firstChild;
         for (SceneObject* child = object->firstChild; child; child = child->nextSibling)
             childBeside = walkObject(child, orItself(childBeside, child));
@@ -122,7 +124,7 @@ private:
         if (!group->visible) group->visible = anyPartVisible(group->firstChild, drawn->firstChild) ? 1 : 0;
         if (!group->visible) return;
 
-        // All parts are prepared before any face is visited: the parts of a group share no vertices.
+        // All parts are prepared before any face is visited, which is why the parts of a group must not share vertices.
         lightAndPrepare(drawn, group);
         forEachPart(group, drawn, [this](SceneObject* part, SceneObject* shown) { lightAndPrepare(shown, part); });
         visitor.visitFaces(view, group, drawn);
@@ -139,8 +141,8 @@ private:
         }
     }
 
-    // Every part below the parent with its counterpart, parents first. What is not a part is passed over with all that
-    // is below it.
+    // Calls visit(part, counterpart) for all parts below the parent, parents before their children. An object that is
+    // not a part is passed over with everything below it.
     template <class Visit>
     void forEachPart(SceneObject* parent, SceneObject* drawnParent, const Visit& visit)
     {
@@ -155,7 +157,8 @@ private:
         }
     }
 
-    // Looks along a chain of siblings and below its parts for a part that the host finds visible; stops at the first.
+    // Tests the bounds of the parts among an object and its siblings, and of the parts below those, until one is
+    // visible.
     bool anyPartVisible(SceneObject* object, SceneObject* counterpart)
     {
         for (; object; object = object->nextSibling) {

@@ -39,7 +39,8 @@ void setCorner(ScreenPolygon& outline, i32 corner, const ScreenVertex& screen)
     outline.invDepth[corner] = screen.invDepth;
 }
 
-// The face's outline, in camera space and on the screen, cut at the near and far planes. False when nothing is left.
+// Makes the face's outline in camera space and on the screen, clipped against the near and far planes. Returns false
+// when nothing is left of it.
 bool outlineOf(HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& outline)
 {
     if (!foldOutcodes(context, outline, face)) return false;
@@ -60,7 +61,7 @@ bool outlineOf(HostContext& context, const RenderView& view, const SceneFace& fa
     return true;
 }
 
-// Points on the box are inside.
+// Whether the bounding box of the outline contains the point. A point on the box is inside.
 bool boxContains(const ScreenPolygon& outline, f32 x, f32 y)
 {
     f32 left = outline.screenX[0], right = left;
@@ -74,7 +75,8 @@ bool boxContains(const ScreenPolygon& outline, f32 x, f32 y)
     return !(x < left || x > right || y < top || y > bottom);
 }
 
-// Points on a side are inside; outlines of the winding that is not drawn contain nothing.
+// Whether all sides of the outline have the point on their inner side. A point on a side is inside. An outline of the
+// winding that is not drawn contains nothing.
 bool sidesContain(const ScreenPolygon& outline, f64 x, f64 y)
 {
     for (i32 a = 0; a < outline.vertexCount; ++a) {
@@ -86,7 +88,7 @@ bool sidesContain(const ScreenPolygon& outline, f64 x, f64 y)
     return true;
 }
 
-// Camera depth where the viewing ray through (x, y) meets the plane of the first three corners.
+// Returns the camera-space Z at which the viewing ray through (x, y) meets the plane of the first three corners.
 f32 depthAt(const ViewProjection& projection, const ScreenPolygon& outline, f64 x, f64 y)
 {
     const auto corner = [&](i32 i) { return Vector{outline.viewX[i], outline.viewY[i], outline.viewZ[i]}; };
@@ -100,6 +102,7 @@ f32 depthAt(const ViewProjection& projection, const ScreenPolygon& outline, f64 
     return stored(dot(normal, p0) / dot(normal, ray));
 }
 
+// The visitor of the object walk that keeps the nearest face under the point.
 struct FacePicker {
     static constexpr bool lights = false;
 
@@ -112,7 +115,7 @@ struct FacePicker {
     void visitFaces(RenderView* view, SceneObject* owner, SceneObject* drawn)
     {
         forEachTestedFace(*drawn, [&](SceneFace* face, i32 index) {
-            ScreenPolygon outline; // only the corner arrays that the depth clippers and the tests need are set
+            ScreenPolygon outline; // only the fields that the depth clippers and the tests read are set
             if (!outlineOf(context, *view, *face, outline)) return;
             if (!boxContains(outline, x, y) || !sidesContain(outline, x, y)) return;
             const f32 z = depthAt(*view->projection, outline, x, y);

@@ -1,4 +1,4 @@
-// Hostile frames whose every decision is a byte of the fuzzer's. See README.md.
+// Draws hostile frames in which every decision is taken from the bytes of the fuzzer's input. See README.md.
 #include "tests/robustness/hostile_frames.h"
 
 #include <cstdio>
@@ -7,8 +7,8 @@
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size);
 extern "C" const char* __asan_default_options();
 
-// The test host itself keeps what the library released, and forbids it: a short memory of freed blocks is enough, and
-// keeps the pages that are already there in use.
+// AddressSanitizer keeps freed blocks for a while, to catch their use. Here a small quarantine is enough, because the
+// test host keeps and poisons the blocks that the library released; and with a small one, memory is soon used again.
 extern "C" const char* __asan_default_options()
 {
     return "quarantine_size_mb=4";

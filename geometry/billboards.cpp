@@ -32,7 +32,7 @@ void squareCorners(const RenderView& view, ScreenPolygon& polygon)
     }
     const f64 r = hy > hx ? hy : hx;
 
-    // 0 --- 3   down the left side and up the right one: the winding that is drawn
+    // 0 --- 3   The corners run down the left side and up the right one, which is the winding that is drawn.
     // |     |
     // 1 --- 2
     const ScreenVertex corners[4] = {

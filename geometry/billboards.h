@@ -1,16 +1,16 @@
-// Billboards: a four-cornered face becomes a screen-aligned square around the mean of its projected corners.
+// Billboards: a face of four corners is drawn as a screen-aligned square around the mean of its projected corners.
 #pragma once
 
 #include "geometry/emission.h"
 
 namespace kardeno {
 
-// Overwrites the polygon's four corners by the square whose half side is the larger half-extent of the outline, and its
-// outcodes with it. Intended: each corner keeps the inverse depth and texture coordinates that the face's own corner in
-// that place has.
+// Moves the polygon's four corners to those of the square and recomputes their outcodes. Half a side of the square is
+// the greatest distance, along x or along y, from the mean to a corner.
+// Intended: each corner keeps the inverse depth and texture coordinates that the face's own corner there has.
 void squareCorners(const RenderView& view, ScreenPolygon& polygon);
 
-// Into the sorted list with a depth plane; into the late list, which is never resolved, without one.
+// Turns a face of four corners into a square polygon and appends it to the list. Any other face is dropped.
 template <class TargetList>
 void emitBillboard(const RenderView* view, const SceneFace* face)
 {
@@ -27,7 +27,7 @@ void emitBillboard(const RenderView* view, const SceneFace* face)
     squareCorners(*view, *polygon);
     if (!clipToScreen(*view, modeOf(*face->material).clip, *polygon)) return;
 
-    // What is never resolved is never compared in depth.
+    // The depth plane serves the scanline resolver alone, which never sees the polygons of an unresolved list.
     if constexpr (TargetList::resolved) setDepthPlane(context, *view, *face, *polygon);
     finishPolygon(*face, *polygon, TargetList::occludes);
     commitPolygon(TargetList::list());

@@ -1,7 +1,11 @@
-// The six clip planes. A plane names the outcode bit that decides which vertices are inside, the coordinate that it
-// tests, what else of the position it carries along, where it lies, and the outcode of a vertex that it makes.
-//
-// near and far cut in camera space, before projection; the other four cut the projected outline.
+// The six clip planes. The near and far planes cut in camera space, before projection; the other four cut the projected
+// outline. Each plane says
+//   outcodeBit    which bit of an outcode tells that a vertex is inside
+//   Tested        the coordinate that the plane bounds; a new vertex gets the bound itself
+//   Carried       the other coordinates, which are interpolated at a new vertex
+//   bound()       where the plane lies
+//   newOutcode()  the outcode of a new vertex: the bits that the clippers still to come will test, and no others. So no
+//                 new vertex gets the near bit, and none that the far plane makes gets the far bit.
 #pragma once
 
 #include "geometry/screen_polygon.h"
@@ -9,6 +13,7 @@
 
 namespace kardeno {
 
+// A coordinate of the position, known by its array in the polygon.
 template <f32 (ScreenPolygon::*array)[maxCorners]>
 struct Coordinate {
     static constexpr auto values = array;
@@ -20,7 +25,7 @@ struct ScreenX : Coordinate<&ScreenPolygon::screenX> {};
 struct ScreenY : Coordinate<&ScreenPolygon::screenY> {};
 struct InvDepth : Coordinate<&ScreenPolygon::invDepth> {};
 
-// The tests below are inclusive: a value on the bound is inside. They test the stored coordinates.
+// The outcode of a new vertex is found from its stored coordinates. A coordinate on the bound is inside.
 
 inline u32 sideOutcodeInCamera(const ScreenPolygon& polygon, i32 vertex, f32 depth)
 {
@@ -49,9 +54,6 @@ inline u32 rowOutcodeOnScreen(const RenderView& view, f32 y)
     if (y <= view.projection->bottom) bits |= outcodeBottom;
     return bits;
 }
-
-// newOutcode(): of a vertex just made. It holds what the clippers still to come will test, and nothing else: no new
-// vertex gets the near bit, and none after the far plane gets the far bit.
 
 struct NearPlane {
     static constexpr u32 outcodeBit = outcodeNear;

@@ -6,7 +6,7 @@ namespace kardeno {
 
 namespace {
 
-constexpr u32 digits = 256;
+constexpr u32 digits = 256; // values that a digit can have
 
 i32 largestKey(const ScreenPolygon* list, i32 count)
 {
@@ -26,13 +26,15 @@ i32 passesFor(i32 largest)
     return 4;
 }
 
-// One stable counting sort on the byte of the key that starts at bit `shift`. A null input means 0, 1, 2 and so on.
+// Sorts the indices of `input` into `output` by one digit of their keys, the byte that starts at bit `shift`, with a
+// stable counting sort. A null input stands for the indices 0, 1, 2 and so on.
 void sortByDigit(const ScreenPolygon* list, i32 count, u32 shift, const u32* input, u32* output)
 {
     const auto indexAt = [&](i32 i) { return input ? input[i] : static_cast<u32>(i); };
     const auto digitOf = [&](u32 index) { return (static_cast<u32>(list[index].maxDepth) >> shift) & 0xff; };
 
-    // Counts are kept one slot up, so that the running sum leaves each digit's starting position in its own slot.
+    // Each digit is counted in the slot after its own, so that the running sum leaves in a digit's own slot the place
+    // where its indices start.
     u32 starts[digits + 1] = {};
     for (i32 i = 0; i < count; ++i) ++starts[digitOf(indexAt(i)) + 1];
     for (u32 digit = 1; digit < digits; ++digit) starts[digit] += starts[digit - 1];
@@ -53,7 +55,7 @@ void SortPolygonsByDepth(const ScreenPolygon* list, i32 count)
     u32* const keys = sortArrays.sortKeys.entries;
     u32* const scratch = sortArrays.sortScratch.entries;
 
-    // keys and scratch take turns; whichever pass is the last writes the order.
+    // The passes write to `keys` and `scratch` in turn, and the last one to `order`.
     const u32* input = nullptr;
     for (i32 pass = 0; pass < passes; ++pass) {
         u32* const usual = pass % 2 == 0 ? keys : scratch;

@@ -6,7 +6,7 @@ namespace kardeno {
 
 namespace {
 
-// Calls a clipper when some corner of the face lies outside its plane.
+// Calls the clipper when some corner of the face lies outside its plane. Returns whether a polygon is left.
 bool survives(ClipRoutine clipper, u32 outcodeBit, const RenderView& view, ScreenPolygon& polygon)
 {
     if (polygon.outcodeAnd & outcodeBit) return true;
@@ -76,7 +76,7 @@ void setDepthPlane(const HostContext& context, const RenderView& view, const Sce
     const f64 ny = face.normalY;
     const f64 nz = face.normalZ;
 
-    // The order of the sums and products decides the last bit of the plane.
+    // The order of these sums and products decides the last bits of the result.
     const f64 d = nz * corner.z + ny * corner.y + nx * corner.x;
     const f64 r = 1.0 / d;
     polygon.invDepthStepX = stored(projection.invScaleX * r * nx);

@@ -1,5 +1,6 @@
-// Emission: one host face becomes one screen polygon in a frame list, or nothing. Twelve routines, made of a vertex
-// format and a list; billboards.h has the two of them that turn a face into a square.
+// Emission turns a face of the host into a screen polygon of one of the frame's lists, or drops it when nothing of it
+// is in view. There are twelve emission routines. Ten of them are emit() with a vertex format and a list; billboards.h
+// has the two that turn a face into a square.
 #pragma once
 
 #include "geometry/plane_clipping.h"
@@ -13,13 +14,14 @@ namespace kardeno {
 inline constexpr u32 outcodeDepthPlanes = outcodeNear | outcodeFar;
 inline constexpr i32 minCorners = 3;
 
-// The steps of a routine that do not depend on its format. Each bool says whether the face survives.
+// First come the steps that do not depend on the vertex format. Where a step returns a bool, it is true for a face that
+// survives.
 
-// Folds the outcodes of the face's corners into outcodeAnd and outcodeOr. False when some plane has no corner inside
-// it, and when the face has fewer than 3 or more than 16 corners.
+// Combines the outcodes of the face's corners into outcodeAnd and outcodeOr. The face does not survive when all corners
+// are outside one plane, nor when it has fewer than 3 or more than 16 corners.
 bool foldOutcodes(const HostContext& context, ScreenPolygon& polygon, const SceneFace& face);
 
-// Takes the face's corners, with their outcodes, from camera space.
+// Copies the camera-space corners of the face and their outcodes to the polygon.
 void copyCameraOutline(const HostContext& context, ScreenPolygon& polygon, const SceneFace& face);
 
 inline CameraVertex cameraCorner(const ScreenPolygon& polygon, i32 i)
@@ -27,22 +29,22 @@ inline CameraVertex cameraCorner(const ScreenPolygon& polygon, i32 i)
     return {polygon.viewX[i], polygon.viewY[i], polygon.viewZ[i]};
 }
 
-// Clips against the near and far planes, where the face's outcodes ask for it.
+// Clips the polygon against the near and the far plane. A plane that has all corners of the face inside is skipped.
 bool clipToDepth(const RenderView& view, const ClipperFamily& clippers, ScreenPolygon& polygon);
 
-// Clips against the four sides of the drawn rectangle, likewise, and then truncates the rows.
+// Clips the projected polygon against the four sides of the drawn rectangle in the same way, and then fills scanY.
 bool clipToScreen(const RenderView& view, const ClipperFamily& clippers, ScreenPolygon& polygon);
 
-// The largest truncated camera depth of the outline's corners: the key of the depth sort.
+// Returns the largest truncated viewZ of the polygon's corners, which is the key of the depth sort.
 i32 deepestCorner(const ScreenPolygon& polygon);
 
-// The plane of inverse depth over the screen, from the face's own plane and not from the clipped outline.
+// Sets the plane of inverse depth over the screen. It follows from the face's own plane, not from the clipped outline.
 void setDepthPlane(const HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& polygon);
 
-// Sets what every emitted polygon starts the frame with.
+// Sets the fields that the span buffer and the fillers find in every emitted polygon.
 void finishPolygon(const SceneFace& face, ScreenPolygon& polygon, bool occludes);
 
-// What an attribute of corner i is made from.
+// Gathers what the attributes of the face's corner i are made from.
 template <class Format>
 CornerSource cornerSource(const HostContext& context, const SceneFace& face, i32 i)
 {
@@ -55,7 +57,8 @@ CornerSource cornerSource(const HostContext& context, const SceneFace& face, i32
     return source;
 }
 
-// A face that crosses the near or the far plane: cut in camera space with unprojected attributes, then projected.
+// Makes the projected outline of a face that crosses the near or the far plane. The face is clipped in camera space,
+// with its attributes unprojected, and then projected.
 template <class Format>
 bool throughCamera(const HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
 {
@@ -81,7 +84,7 @@ bool throughCamera(const HostContext& context, const RenderView& view, const Sce
     return true;
 }
 
-// A face inside both depth planes: its projected corners come from the vertex cache.
+// Makes the projected outline of a face inside both depth planes, whose projected corners come from the vertex cache.
 template <class Format>
 void fromCache(HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
 {
@@ -102,6 +105,7 @@ void fromCache(HostContext& context, const RenderView& view, const SceneFace& fa
     }
 }
 
+// Emits a face as a polygon of the format into the list. A face for which the list has no room is dropped.
 template <class Format, class TargetList>
 void emit(const RenderView* view, const SceneFace* face)
 {

@@ -1,5 +1,5 @@
-// Sutherland-Hodgman clipping of a screen polygon against one plane: one algorithm for six planes and six vertex
-// formats. Whether a vertex is inside is its stored outcode bit, never recomputed from its coordinates.
+// Sutherland-Hodgman clipping of a screen polygon against one plane, as one template for six planes and six vertex
+// formats. The stored outcode of a vertex says whether it is inside; the coordinates are not tested again.
 #pragma once
 
 #include "geometry/clip_planes.h"
@@ -10,7 +10,7 @@
 
 namespace kardeno {
 
-// What a clipper copies of a polygon before it writes the new outline over the old: the same arrays, nothing else.
+// The arrays of a polygon that a clipper of this plane and format reads and writes. It leaves all others alone.
 template <class Plane, class Format>
 struct ClippedArrays {
     template <class Visit>
@@ -34,8 +34,9 @@ struct ClippedArrays {
     }
 };
 
-// Rewrites vertexCount, outcode and the carried arrays of the polygon in place. The outline begins with what followed
-// vertex 0. It comes back empty when no vertex is inside, and when it would take more than 16 vertices.
+// Clips the polygon in place: vertexCount, outcode and the arrays of ClippedArrays are rewritten. The sides are walked
+// in order, beginning with the one from vertex 0 to vertex 1. The outline comes back empty when no vertex is inside,
+// and also when it would have more than 16 vertices.
 template <class Plane, class Format>
 void clip(const RenderView* view, ScreenPolygon* polygon)
 {
@@ -49,8 +50,8 @@ void clip(const RenderView* view, ScreenPolygon* polygon)
     const f32 bound = Plane::bound(*view);
     i32 made = 0;
 
-    // The cut is computed from the outside vertex toward the inside one, whichever way the side runs: two faces that
-    // share the side are cut at bit-identical points.
+    // The new vertex is computed from the outside vertex toward the inside one, whichever way the side runs. Two faces
+    // that share the side are therefore cut at bit-identical points.
     const auto appendCut = [&](i32 outside, i32 inside) {
         const f32* tested = input.*Plane::Tested::values;
         const f32 distance = stored(static_cast<f64>(bound) - tested[outside]);
@@ -82,6 +83,7 @@ void clip(const RenderView* view, ScreenPolygon* polygon)
     polygon->vertexCount = made;
 }
 
+// The six clippers of a vertex format.
 template <class Format>
 inline constexpr ClipperFamily clippers = {
     .nearPlane = clip<NearPlane, Format>,

@@ -16,14 +16,15 @@ u32 bytesFor(i32 count, u32 size)
     return static_cast<u32>(count) * size;
 }
 
-// A block that was given back must not reach the host again: the array then starts anew from a null block.
+// Asks the host for a larger block. An array that was given back must not reach the host again: it starts anew from a
+// null block.
 u32* reallocated(HostContext& context, const SortArray& array, i32 capacity)
 {
     u32* const block = array.released ? nullptr : array.entries;
     return static_cast<u32*>(context.realloc(block, bytesFor(capacity, sizeof(u32))));
 }
 
-// Grows the three sort arrays by a step; false when any of them was refused.
+// Grows the three sort arrays by one step. Returns false when the host refused any of them.
 bool growSortArrays(HostContext& context, SortArrays& arrays)
 {
     SortArray* const all[] = {&arrays.sortOrder, &arrays.sortKeys, &arrays.sortScratch};
@@ -47,7 +48,8 @@ bool growSortArrays(HostContext& context, SortArrays& arrays)
     return false;
 }
 
-// Grows the list by a step, and the sort arrays when they would be too short; false when the face in hand is dropped.
+// Grows the list by one step, and the sort arrays when they would be too short. Returns false when the host refused, so
+// that the face has to be dropped.
 bool growList(HostContext& context, PolygonList& list)
 {
     list.capacity += listGrowth;
@@ -81,7 +83,8 @@ ScreenPolygon* reservePolygon(HostContext& context, PolygonList& list)
 {
     if (list.capacity <= list.count && !growList(context, list)) return nullptr;
 
-    // After half a growth the stored pointer may be null or stale, or the capacity larger than the block.
+    // When half of a growth was refused, the stored pointer may be null or stale, or the capacity larger than the
+    // block.
     const bool storedBlockIsReal = list.records && list.records == list.held;
     if (!storedBlockIsReal || list.count >= list.heldCapacity) return nullptr;
     assert(list.count >= 0 && list.heldCapacity % listGrowth == 0);

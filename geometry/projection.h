@@ -1,5 +1,5 @@
-// Perspective projection of vertices, for frames and picks: straight from camera space, or through the host's vertex
-// cache, which projects every shared vertex once for an object.
+// Perspective projection of vertices, for frames and picks. A vertex is projected either straight from camera space or
+// through the cache in the host's vertex arrays, where each vertex of an object is projected only once.
 #pragma once
 
 #include "geometry/screen_polygon.h"
@@ -7,8 +7,8 @@
 
 namespace kardeno {
 
-// 1/Z is rounded first, and x and y are formed from the rounded value. The product of two f32 is exact in f64, so that
-// each triple product rounds once, in whichever order it is formed.
+// Projects a vertex. The inverse depth 1 / Z is rounded first, and x and y are formed from the rounded value. The
+// product of two f32 is exact in f64, so each triple product rounds once, in whichever order it is formed.
 inline ScreenVertex projected(const ViewProjection& projection, const CameraVertex& vertex)
 {
     ScreenVertex result;
@@ -18,7 +18,7 @@ inline ScreenVertex projected(const ViewProjection& projection, const CameraVert
     return result;
 }
 
-// The cached projection of a vertex, made when the vertex's stamp is not the current one.
+// Returns the cached projection of a vertex. It is computed anew when the stamp of the vertex is not the current one.
 inline const ScreenVertex& projectedThroughCache(HostContext& context, const ViewProjection& projection,
                                                  i32 vertexIndex)
 {

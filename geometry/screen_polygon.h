@@ -1,6 +1,6 @@
-// One visible face of the frame: its clipped outline, one array per vertex attribute, the plane of its inverse depth,
-// and what the span buffer and the fillers keep about it. Fixed-size plain data; a clipper or an attribute reaches
-// value k of vertex i as an array element, without an allocation anywhere.
+// A screen polygon is one visible face of the frame. It holds the clipped outline in one array per vertex attribute,
+// the plane of inverse depth, and what the span buffer and the fillers note about the polygon. Its size is fixed, so a
+// vertex is reached by its index and no polygon needs an allocation of its own.
 #pragma once
 
 #include "kardeno_soft/host_records.h"
@@ -12,37 +12,37 @@ inline constexpr i32 maxCorners = 16;
 // Arrays that the polygon's vertex format does not use hold stale data.
 struct ScreenPolygon {
     i32 vertexCount;
-    u32 outcodeAnd; // of the face's vertices; gates the clippers, and is not recomputed between them
-    u32 outcodeOr;
-    u32 outcode[maxCorners]; // a bit that is set means inside that plane
-    i32 maxDepth;            // sorted lists: the largest truncated viewZ after near and far clipping
+    u32 outcodeAnd;          // of the face's vertices before clipping; a plane whose bit is set needs no clipper
+    u32 outcodeOr;           // likewise; a plane whose bit is clear has no vertex inside
+    u32 outcode[maxCorners]; // a bit that is set means that the vertex lies inside that plane
+    i32 maxDepth;            // the largest truncated viewZ after near and far clipping; set in sorted lists only
     f32 screenX[maxCorners];
     f32 screenY[maxCorners];
     f32 invDepth[maxCorners];
-    f32 viewX[maxCorners]; // viewX and viewY are filled only on the way through the camera-space clippers
+    f32 viewX[maxCorners]; // camera space; viewX and viewY are filled only for faces that are clipped there
     f32 viewY[maxCorners];
     f32 viewZ[maxCorners];
-    f32 texU[maxCorners]; // texels x 256; divided by depth after projection
+    f32 texU[maxCorners]; // in 1/256 texel; divided by depth after projection
     f32 texV[maxCorners];
-    f32 intensity[maxCorners]; // light intensity x 64; on untextured rows divided by depth
+    f32 intensity[maxCorners]; // light intensity x 64; divided by depth in polygons without a texture
     f32 colourR[maxCorners];
     f32 colourG[maxCorners];
     f32 colourB[maxCorners];
-    i32 scanY[maxCorners]; // screenY truncated, after all clipping
+    i32 scanY[maxCorners]; // screenY after all clipping, truncated
     u32 reserved[maxCorners];
     SceneMaterial* material; // borrowed from the host
     u16 faceColour;
     u16 faceColourHigh;
-    i32 spanHead; // index of the first visible span in the span pool; -1: none
+    i32 spanHead; // index of the first visible span in the span pool; -1 when there is none
     f32 invDepthStepX;
     f32 invDepthStepY;
     f32 invDepthOrigin;
     ScreenPolygon* above; // nearer neighbour in the depth stack of the current scanline
     ScreenPolygon* below; // farther neighbour
-    i32 activeCount;      // entering minus leaving edges passed on the current scanline
+    i32 activeCount;      // entering minus leaving edges that the walk has passed on the current scanline
     i32 engineWord;       // column at which the current visible run began
-    i32 occludes;         // 1: hides what lies farther; 0: see-through
-    i32 engineFlag;       // 1 while the polygon has an open run on the current scanline
+    i32 occludes;         // 1 when the polygon hides what lies farther; 0 when it is see-through
+    i32 engineFlag;       // in the depth stack: 1 while the polygon is visible, that is, has an open run
 };
 KARDENO_SIZE(ScreenPolygon, 1024, 1040);
 KARDENO_OFFSET(ScreenPolygon, vertexCount, 0, 0);
@@ -78,7 +78,7 @@ KARDENO_OFFSET(ScreenPolygon, engineWord, 1012, 1028);
 KARDENO_OFFSET(ScreenPolygon, occludes, 1016, 1032);
 KARDENO_OFFSET(ScreenPolygon, engineFlag, 1020, 1036);
 
-// Inverse depth of the polygon's plane at a screen point, in full precision. Larger is nearer.
+// Returns the inverse depth of the polygon's plane at a screen point, in full precision. A larger value is nearer.
 inline f64 planeDepth(const ScreenPolygon& polygon, f32 x, f32 y)
 {
     return static_cast<f64>(polygon.invDepthStepX) * x + static_cast<f64>(polygon.invDepthStepY) * y

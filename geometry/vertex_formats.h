@@ -1,10 +1,10 @@
-// The six vertex formats. A format is the list of attributes that a polygon carries from emission through the clippers
-// to its filler, beside its position. An attribute knows its array in ScreenPolygon and its value before and after
-// projection.
-//
-// The two values are two routines on purpose: the products are formed in another order and round differently.
-//   beforeProjection  the value that the camera-space clippers interpolate; afterwards project() divides it by depth
-//   afterProjection   the value of a vertex whose projection came from the vertex cache
+// The six vertex formats. A format lists the attributes that a polygon carries besides its position, from emission
+// through the clippers to its filler. An attribute knows its array in ScreenPolygon and computes its value at a corner
+// in two ways:
+//   beforeProjection  the value that the camera-space clippers interpolate; emission divides it by depth afterwards if
+//                     dividedByDepth says so
+//   afterProjection   the final value at a corner whose projection came from the vertex cache
+// These are two routines because they form their products in different orders, which round differently.
 #pragma once
 
 #include "geometry/screen_polygon.h"
@@ -13,14 +13,15 @@
 
 namespace kardeno {
 
-// What an attribute's value is made from.
+// What the attributes of a corner are made from.
 struct CornerSource {
     const TexCoord* texCoord;  // null for formats without texture coordinates
     const TextureImage* image; // likewise
     const VertexShade* shade;
 };
 
-// Texture coordinates carry eight fractional bits and a bias of 0.3 texels.
+// Texture coordinates are in 1/256 texel, with a bias of 0.3 texels. Intensities are scaled by 64, so that
+// the value, shifted right by 8 bits, is the level in the shade ramp.
 inline constexpr f64 texelBias = 0.3;
 inline constexpr f64 texelScale = 256.0;
 inline constexpr f64 shadeScale = 64.0;
@@ -42,7 +43,7 @@ struct TextureAxis {
 struct TexU : TextureAxis<&TexCoord::u, &TextureImage::width, &ScreenPolygon::texU> {};
 struct TexV : TextureAxis<&TexCoord::v, &TextureImage::height, &ScreenPolygon::texV> {};
 
-// Untextured lit rows: the shade is interpolated with perspective.
+// The shade of lit polygons without a texture is interpolated with perspective correction.
 struct ShadeOverDepth {
     static constexpr bool dividedByDepth = true;
     static constexpr auto values = &ScreenPolygon::intensity;
@@ -53,7 +54,7 @@ struct ShadeOverDepth {
     }
 };
 
-// Textured lit rows: the shade is linear on the screen, and is therefore clipped affinely too.
+// The shade of lit, textured polygons is interpolated linearly on the screen, and so it is never divided by depth.
 struct ShadeOnScreen {
     static constexpr bool dividedByDepth = false;
     static constexpr auto values = &ScreenPolygon::intensity;
@@ -61,7 +62,7 @@ struct ShadeOnScreen {
     static f64 afterProjection(const CornerSource& corner, f32) { return beforeProjection(corner); }
 };
 
-// A colour channel, unscaled and linear on the screen.
+// A colour channel is neither scaled nor divided by depth: it is interpolated linearly on the screen.
 template <f32 VertexShade::*channel, f32 (ScreenPolygon::*array)[maxCorners]>
 struct Channel {
     static constexpr bool dividedByDepth = false;

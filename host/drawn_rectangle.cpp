@@ -10,7 +10,7 @@ constexpr f32 firstColumn = -32768.0f;
 constexpr f32 lastColumn = 32767.0f;
 constexpr f32 largestFinite = 3.402823466e+38f;
 
-// False for NaN.
+// The comparisons are written so that a NaN is not within anything.
 bool isWithin(f32 value, f32 least, f32 most)
 {
     return value >= least && value <= most;
@@ -35,7 +35,7 @@ DrawnRectangle truncatedRectangle(const RenderView& view)
     };
 }
 
-// What does not fit in an integer was truncated to the smallest one: such a left or top is found here.
+// A left or top that does not fit in an integer was truncated to the smallest one, which is refused here.
 bool fitsTables(const DrawnRectangle& rectangle)
 {
     return rectangle.left >= i32{-32768} && rectangle.top >= 0 && rectangle.right <= 32767

@@ -1,5 +1,5 @@
-// The two pixel formats of the frame buffer, as data: where the three channels lie in a pixel. Whatever packs, blends
-// or scales a pixel takes its masks and shifts from here.
+// The two pixel formats of the frame buffer, described by where the three channels lie in a pixel. Every routine that
+// packs, blends or scales pixels takes its masks and shifts from here.
 //
 //   5-5-5   bit 15 unused, red 14 to 10, green 9 to 5, blue 4 to 0
 //   5-6-5   red 15 to 11, green 10 to 5, blue 4 to 0
@@ -9,28 +9,28 @@
 
 namespace kardeno {
 
-// Tables of routines have an entry for each.
+// Tables of routines have an entry for each format.
 enum PixelFormat : u32 { rgb555 = 0, rgb565 = 1, pixelFormatCount = 2 };
 
-// The field of one channel.
+// The bit field of one channel in a pixel.
 struct ChannelField {
-    u32 shift; // of its lowest bit
-    u32 bits;
+    u32 shift; // position of its lowest bit
+    u32 bits;  // width
 
     constexpr u32 largest() const { return (1u << bits) - 1; }
     constexpr u32 mask() const { return largest() << shift; }
     constexpr u32 lowestBit() const { return 1u << shift; }
-    // The bit above the field, which a sum that overflows the channel carries into.
+    // The bit above the field, into which a sum that overflows the channel carries.
     constexpr u32 carry() const { return 1u << (shift + bits); }
-    // The upper bits of an 8-bit value, in their place.
+    // The upper bits of an 8-bit value, shifted into the field.
     constexpr u32 packed(u32 value) const { return value >> (8 - bits) << shift; }
 };
 
 struct PixelLayout {
     ChannelField red, green, blue;
 
-    // All channels without the lowest bit of green and of red: in the sum of two pixels that are masked with it, the
-    // carry of each channel lands in a bit that was cleared.
+    // All channels without the lowest bits of green and red. In the sum of two pixels that are masked with it, the
+    // carries of blue and green land in these cleared bits, and the carry of red above the field.
     constexpr u32 blendMask() const
     {
         return (red.mask() & ~red.lowestBit()) | (green.mask() & ~green.lowestBit()) | blue.mask();

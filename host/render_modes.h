@@ -1,11 +1,13 @@
-// What the rooms know of the render-mode table: the row that a material points at, its flag word and its shade ramp.
+// What all parts of the library know about the way in which a material is drawn: its row of the render-mode table, its
+// flag word and its shade ramp.
 #pragma once
 
 #include "kardeno_soft/render_modes.h"
 
 namespace kardeno {
 
-// 64 entries (one for each light level), or 64 x 256 (level x 256 + palette index) for a material with a texture map.
+// A shade ramp has 64 entries, one for each light level. That of a material with a texture map has 64 x 256: the entry
+// of a level and a palette index is level x 256 + index.
 inline constexpr u32 rampLevels = 64;
 inline constexpr u32 paletteSize = 256;
 
@@ -20,7 +22,7 @@ enum : u32 {
     flagShade11 = 512
 };
 
-// The row of a material that has been given one.
+// The row of a material. A render state must have been chosen for the material before.
 inline RenderMode& modeOf(const SceneMaterial& material)
 {
     return *material.renderPrivate->mode;

@@ -1,4 +1,4 @@
-// The 28 exported functions: each hands over to the routine that does its work.
+// The 28 exported functions. Each hands its arguments on to the routine that does the work.
 #include "kardeno_soft/kardeno_soft.h"
 
 #include "frame/frame_driver.h"
@@ -70,7 +70,7 @@ void Kardeno_Release_Face_Dll(SceneFace* face)
     releaseFace(*hostContext, *face);
 }
 
-// The renderer keeps nothing for what follows.
+// The renderer keeps nothing for the records of the functions below.
 
 i32 Kardeno_Add_Animation_Dll(const void*)
 {

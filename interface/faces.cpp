@@ -8,7 +8,7 @@ bool addFace(HostContext& context, SceneFace& face)
 {
     face.faceColour = static_cast<u16*>(context.alloc(1, sizeof(u16)));
     if (!face.faceColour) return false;
-    // Intended: 63,536. Never seeded here: a fresh process gives its faces the generator's first values in order.
+    // Intended: 63,536, never seeded: a fresh process gives its faces the generator's first values in order.
     *face.faceColour = static_cast<u16>(rand() % 63536);
     return true;
 }

@@ -1,4 +1,5 @@
-// The DLL's entry: the system calls it in place of any start-up code, so that nothing else runs at load.
+// The entry point of the DLL. The system calls it in place of the usual start-up code, so that nothing else runs at
+// load.
 #include <windows.h>
 
 extern "C" BOOL WINAPI DllMain(HINSTANCE module, DWORD reason, LPVOID)

@@ -22,7 +22,7 @@ u32 flagWordOf(const SceneMaterial& material)
     return flags;
 }
 
-// A selection compares the whole flag word: a combination that is not listed falls to FallbackFlat.
+// Lit and unlit rows are selected by the whole flag word. A combination that is not listed gets FallbackFlat.
 
 RenderModeRow litRow(u32 flags)
 {
@@ -53,18 +53,20 @@ RenderModeRow unlitRow(u32 flags)
     }
 }
 
+// The row of all states other than 0, 1 and 2.
 // Intended: only the low byte counts, of which flagTextured and flagShade2 are not looked at.
 RenderModeRow otherRow(u32 flags)
 {
     return flags & 0x1e ? rowFallbackBlend : rowFallbackFlat;
 }
 
+// Builds the material's shade ramp, unless it has one. Returns false when the host refused memory.
 bool hasRamp(HostContext& context, SceneMaterial& material)
 {
     return material.renderPrivate->shadeRamp || buildShadeRamp(context, material);
 }
 
-// What a state and a flag word ask for.
+// The row that a render state and a flag word select.
 struct Selection {
     RenderModeRow row;
     bool needsRamp;

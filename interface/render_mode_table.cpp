@@ -14,20 +14,23 @@ constinit RenderMode RenderModeTable[renderModeRowCount] = {};
 
 namespace {
 
+// The routines of a row.
 struct RowRoutines {
     EmitRoutine emit;
     const ClipperFamily& clip;
     FillRoutine fill;
 };
 
-// A row names its vertex format once: the clippers, and the values that the filler interpolates, follow from it.
+// The routines that draw faces of a vertex format. The clippers and the values that the filler interpolates follow from
+// the format.
 template <class Format, class TargetList, class Filler>
 constexpr RowRoutines faces = {emit<Format, TargetList>, clippers<Format>, Filler::template fill<Format>};
 
+// The routines that draw billboards.
 template <class TargetList, class Filler>
 constexpr RowRoutines billboards = {emitBillboard<TargetList>, clippers<Textured>, Filler::template fill<Textured>};
 
-// A filler that interpolates nothing is the same for every format.
+// A filler that interpolates nothing is the same routine for every format.
 template <FillRoutine routine>
 struct OneColour {
     template <class>

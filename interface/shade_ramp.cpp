@@ -11,7 +11,7 @@ namespace {
 
 constexpr i32 levels = i32{rampLevels};
 
-// One channel of the material's colours.
+// One channel of the material's four colours.
 struct ChannelColours {
     i32 ambient, diffuse, specular, tint;
 };
@@ -29,9 +29,9 @@ RampColours coloursOf(const SceneMaterial& material)
     return {channel(&MaterialColour::red), channel(&MaterialColour::green), channel(&MaterialColour::blue)};
 }
 
-// How far the highlight reaches: from `first` to the top level, growing by `step` a level.
+// The highlight reaches from the level `first` to the top of the ramp and grows by `step` per level.
 struct Highlight {
-    i32 first; // may lie below 0 (a negative shininess) or beyond the top level (one of 115 or more: no highlight)
+    i32 first; // may be below 0, for a negative shininess, or beyond the top level, for one of 115 or more
     i32 step;
 };
 
@@ -44,7 +44,7 @@ Highlight highlightOf(const SceneMaterial& material)
             .step = wrappingProduct(material.specularLevel, 256) / wrappingProduct(count, 100)};
 }
 
-// What the highlight adds to a channel at a level. All arithmetic is 32-bit; shifts are arithmetic.
+// Returns what the highlight adds to a channel at a level. All sums and products wrap; the shift is arithmetic.
 i32 highlightAt(const Highlight& highlight, i32 level, i32 specular)
 {
     if (level < highlight.first) return 0;
@@ -52,12 +52,14 @@ i32 highlightAt(const Highlight& highlight, i32 level, i32 specular)
     return wrappingProduct(wrappingProduct(distance, highlight.step), specular) >> 8;
 }
 
+// Returns a channel of a material without a texture at a level, without the highlight.
 i32 plainChannel(i32 level, const ChannelColours& colours)
 {
     return (((level * colours.diffuse * colours.tint * 3) >> 14) + colours.ambient) >> 2;
 }
 
-// The palette takes the place of the diffuse colour, and the ambient colour has no part in it.
+// Returns a channel of a palette entry at a level, without the highlight. The palette takes the place of the diffuse
+// colour, and the ambient colour has no part in it.
 i32 texturedChannel(i32 level, const ChannelColours& colours, i32 palette)
 {
     return (((level * colours.tint) >> 8) * palette) >> 6;
@@ -68,6 +70,7 @@ u32 clamped(i32 channel)
     return channel < 0 ? 0u : channel > 255 ? 255u : static_cast<u32>(channel);
 }
 
+// Packs three channels, clamped to 0 to 255, into a pixel in the upper half of a ramp entry.
 RampEntry packed(PixelFormat format, i32 red, i32 green, i32 blue)
 {
     const PixelLayout& pixel = pixelLayouts[format];
@@ -121,7 +124,7 @@ void fillShadeRamp(const HostContext& context, const SceneMaterial& material)
 {
     assert(material.renderPrivate->shadeRamp);
     const PixelFormat format = tableFormat(context);
-    // A texture map that was taken away since the flag word was formed has no palette to fill from.
+    // When the texture map was taken away after the flag word was computed, there is no palette to fill from.
     if ((material.materialFlags->flags & flagTextured) && material.textureMap)
         fillTexturedRamp(material, format);
     else

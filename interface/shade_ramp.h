@@ -1,17 +1,18 @@
-// A material's shade ramp: the pixel of every light level, for untextured materials, or of every light level and
-// palette entry, for textured ones. Lit rows and palettised maps look their colours up in it.
+// The shade ramp of a material has a pixel for every light level or, when the material has a texture, for every light
+// level and palette index. Lit rows and the unlit row for palettised maps look their colours up in it.
 #pragma once
 
 #include "host/render_modes.h"
 
 namespace kardeno {
 
-// Allocates the material's ramp, sized by its current flag word, and fills it. False when the host gave no memory.
+// Allocates the material's ramp, whose size follows from the current flag word, and fills it. Returns false when the
+// host gave no memory.
 bool buildShadeRamp(HostContext& context, SceneMaterial& material);
 
-// Fills the ramp that the material has, from its current colours, palette and flag word.
-// Intended: which of the two ramps is filled follows the flag word of now, the size that of when the ramp was built; a
-// host that adds or removes a texture map releases and adds the material again.
+// Fills the material's ramp from its current colours, palette and flag word.
+// Intended: which of the two ramps is filled follows the flag word of now, the size that of when the ramp was built. A
+// host that adds or removes a texture map has to release the material and add it again.
 void fillShadeRamp(const HostContext& context, const SceneMaterial& material);
 
 } // namespace kardeno

@@ -7,7 +7,7 @@ namespace kardeno {
 
 namespace {
 
-// The three channels along a span, 8.8; values and steps become integers at the span's start.
+// The three channels along a span, in 8.8 fixed point. Their values and steps become integers at the span's start.
 struct InterpolatedChannels {
     i32 red, green, blue;
     i32 redStep, greenStep, blueStep;
@@ -29,13 +29,13 @@ private:
     static i32 fixed(f32 value) { return truncated(value * 256.0); }
 };
 
-// The field of a channel from the top bits of its 16-bit value; what lies above the 16 bits is cut off.
+// Places the top bits of a channel's 16-bit value in the channel's field. Bits above the 16 are cut off.
 u32 fieldOf(const ChannelField& channel, i32 value)
 {
     return (static_cast<u32>(value >> (16 - channel.bits)) & channel.largest()) << channel.shift;
 }
 
-// Gouraud spans: the top bits of each channel make the pixel.
+// Draws a Gouraud-shaded span, each pixel of which is packed from the top bits of the three channels.
 template <PixelFormat format>
 void drawGouraudSpan(SpanGradients* span, u16* pixels)
 {
@@ -48,8 +48,9 @@ void drawGouraudSpan(SpanGradients* span, u16* pixels)
     }
 }
 
-// A 16-bit texel whose channels are scaled by the interpolated ones. Three bytes of the texel hold its three fields in
-// either pixel format; the tables, built for the frame buffer's format, pick the field's bits out of the byte.
+// The colour of a 16-bit texel whose channels are scaled by the interpolated ones. In both pixel formats each field
+// lies within one of three bytes of the texel: bits 8 to 15, 5 to 12 and 0 to 7. The tables, which are built for the
+// frame buffer's format, pick the field out of the byte.
 struct ScaledTexel {
     using Texel = u16;
     InterpolatedChannels channels;

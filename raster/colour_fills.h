@@ -1,5 +1,5 @@
-// The inner routines of the two rows that interpolate a red, a green and a blue value, linearly on the screen, instead
-// of a shade. The textured one is the only reader of the colour scaling tables.
+// The inner routines of the two rows that interpolate red, green and blue, linearly on the screen, instead of a shade:
+// Gouraud shading, and a texture whose texels are scaled by the interpolated colours.
 #pragma once
 
 #include "raster/span_routines.h"

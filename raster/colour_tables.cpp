@@ -8,8 +8,8 @@ constinit ColourScaleTables colourScaleTables = {};
 
 namespace {
 
-// The bits of a channel that fall into the indexing byte are scaled, and what is left of them in the channel's field is
-// the entry. `byteShift` is where the byte begins in the pixel.
+// Computes an entry: the bits of the channel that lie in the byte are scaled by intensity / 255, and the part of the
+// result that lies in the channel's field is kept. `byteShift` is the lowest bit of the byte in the pixel.
 u32 scaled(const ChannelField& channel, u32 byteShift, u32 byte, u32 intensity)
 {
     const u32 value = byte & (channel.mask() >> byteShift);

@@ -1,7 +1,9 @@
-// Edge walking: every interpolating filler first walks down the two chains of its polygon's edges and notes, row by
-// row, the column and the attributes at either end. Spans then interpolate between the two ends.
+// Edge walking. Every interpolating filler first walks down the edges of its polygon, in two chains from the top vertex
+// to the bottom one, and notes the column and the attributes at both ends of every row. Spans then interpolate between
+// the two ends.
 //
-// The chains are called left and right after the order of the vertices; which one lies left on the screen is not asked.
+// The left chain follows the order of the vertices and the right chain goes against it. That is where they lie on the
+// screen when the polygon has the winding that is seen; nothing tests it.
 #pragma once
 
 #include "host/drawn_rectangle.h"
@@ -9,27 +11,28 @@
 
 namespace kardeno {
 
-// Rebuilt by every filler, for its own polygon. Rows that the polygon's chains do not cover hold stale values.
+// Every filler rebuilds the table for its own polygon. Rows that the polygon's chains do not cover hold stale values.
 extern OutlineRow OutlineTable[scanlineCount];
 
-// The rows of an outline: from the top vertex's to the bottom vertex's, half open.
+// The vertices that bound the rows of an outline: it covers the row of the top vertex, but not that of the bottom one.
 struct OutlineExtent {
     i32 topVertex;
     i32 bottomVertex;
 };
 
-// The highest and the lowest vertex; of several on one row, the one with the lowest index.
+// Returns the highest and the lowest vertex of a polygon; of several on one row, the one with the lowest index.
 OutlineExtent outlineExtent(const ScreenPolygon& polygon);
 
-// Lays out one side of the outline, vertex a to vertex b, in one chain's half of the table.
+// Writes the side from vertex a to vertex b into the table, at the end of each row that belongs to the chain.
 template <class Values>
 void walkEdge(const ScreenPolygon& polygon, i32 a, i32 b, OutlineSide OutlineRow::*chain)
 {
     i32 y = polygon.scanY[a];
-    if (y >= polygon.scanY[b]) return; // horizontal, or running up: covers no row of this chain
+    if (y >= polygon.scanY[b]) return; // a side that is horizontal or runs up covers no row of this chain
     const i32 yEnd = polygon.scanY[b] < scanlineCount ? polygon.scanY[b] : scanlineCount;
 
-    // From one end of the integers to the other the difference wraps; the rows are walked all the same.
+    // The difference may wrap, when the side runs from one end of the integers to the other; the rows are walked all
+    // the same.
     const f64 inverse = 1.0 / wrappingDifference(polygon.scanY[b], y);
     const auto stepFrom = [inverse](f32 from, f32 to) { return stored((static_cast<f64>(to) - from) * inverse); };
 
@@ -43,7 +46,7 @@ void walkEdge(const ScreenPolygon& polygon, i32 a, i32 b, OutlineSide OutlineRow
         step.*Value::place = stepFrom(corner[a], corner[b]);
     });
 
-    // An outline that begins absurdly far above the table is brought near in one go, lest the walk take for ever.
+    // A side that begins absurdly far above the table is brought near it in one go, lest the walk take for ever.
     if (y < -scanlineCount) {
         const f64 skipped = -static_cast<f64>(scanlineCount) - y;
         x = stored(x + xStep * skipped);
@@ -52,7 +55,7 @@ void walkEdge(const ScreenPolygon& polygon, i32 a, i32 b, OutlineSide OutlineRow
         y = -scanlineCount;
     }
 
-    // Sums of f32 values, rounded at every row: the row's column and attributes depend on it.
+    // The running sums are rounded to f32 at every row, which decides the column and the attributes of the rows below.
     for (; y < yEnd; ++y) {
         if (y >= 0) {
             OutlineSide& side = OutlineTable[y].*chain;
@@ -66,7 +69,7 @@ void walkEdge(const ScreenPolygon& polygon, i32 a, i32 b, OutlineSide OutlineRow
     }
 }
 
-// Lays out both chains of the polygon. `Values` is the list of what the filler interpolates.
+// Walks both chains of the polygon and returns its extent. `Values` is the list of what the filler interpolates.
 template <class Values>
 OutlineExtent walkEdges(const ScreenPolygon& polygon)
 {

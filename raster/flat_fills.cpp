@@ -10,7 +10,7 @@ namespace kardeno {
 
 namespace {
 
-// Blends one colour over every pixel of every span.
+// Blends a colour over every pixel of the polygon's spans.
 template <class Blend>
 void blendColour(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, u16 colour)
 {

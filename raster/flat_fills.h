@@ -5,16 +5,17 @@
 
 namespace kardeno {
 
+// Draws the low byte of the face colour in both bytes of every pixel.
 // Intended: the low byte of the face colour, repeated in both bytes of every pixel: 0x1234 draws 0x3434.
 void fillFaceColourLowByte(const ScreenPolygon* polygon, u16* frameBuffer, u32 argument, u32 pitch);
 
-// Half blend of the face colour.
+// Blends the face colour half and half with the pixels that are already there.
 void fillFaceColourHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32 argument, u32 pitch);
 
-// The material's packed diffuse colour.
+// Draws the material's packed diffuse colour.
 void fillDiffuse(const ScreenPolygon* polygon, u16* frameBuffer, u32 argument, u32 pitch);
 
-// Half blend of the material's packed diffuse colour.
+// Blends the material's packed diffuse colour half and half with the pixels that are already there.
 void fillDiffuseHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32 argument, u32 pitch);
 
 } // namespace kardeno

@@ -8,7 +8,7 @@ namespace kardeno {
 
 namespace {
 
-// What the material gives to every span of a textured polygon; the set-up of each row fills in the rest.
+// Returns what all spans of a textured polygon take from the material. The set-up of each row fills in the rest.
 SpanGradients texturedSpan(const SceneMaterial& material, const TexturedSpanRoutines& routines)
 {
     SpanGradients span;

@@ -1,5 +1,5 @@
-// The fillers of polygons that interpolate something along their spans. A filler is a vertex format and a table of
-// inner routines; what it interpolates follows from the format.
+// The fillers that interpolate values along their spans. A filler is made of a vertex format, from which it follows
+// what is interpolated, and of a table of inner routines, which draw one span each.
 #pragma once
 
 #include "geometry/screen_polygon.h"
@@ -8,24 +8,24 @@
 
 namespace kardeno {
 
-// Draws all visible spans of a polygon with the routine that the table has for its map and the pixel format. Compiled
-// for the vertex formats that carry texture coordinates.
+// Draws all visible spans of a textured polygon with the routine that the table has for its map and the pixel format.
+// The routine is compiled for the vertex formats that carry texture coordinates.
 template <class Format>
 void fillTexturedSpans(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, const TexturedSpanRoutines& routines,
                        PixelFormat pixelFormat);
 
-// Draws the polygon's whole outline, visible or not: it never looks at the span list. Rows whose right column is not
-// beyond the left one draw nothing, so that only one winding shows. Cut to the drawn rectangle.
+// Draws a textured polygon as a whole, cut to the drawn rectangle, whether it is visible or not; its span list is not
+// looked at. Rows whose right end is not beyond the left one draw nothing, so only one winding is seen.
 template <class Format>
 void fillTexturedOutline(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch,
                          const TexturedSpanRoutines& routines, PixelFormat pixelFormat);
 
-// Draws all visible spans of a polygon without a texture. Compiled for the vertex formats that carry a shade or colours
-// alone.
+// Draws all visible spans of a polygon without a texture. The routine is compiled for the vertex formats that carry
+// only a shade or only colours.
 template <class Format>
 void fillPlainSpans(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, SpanRoutine routine);
 
-// The fillers as the render-mode table takes them: fill<Format> draws polygons of that vertex format.
+// The fillers in the shape that the render-mode table takes: fill<Format> draws polygons of that vertex format.
 
 template <const TexturedSpanRoutines& routines>
 struct TexturedSpans {

@@ -1,4 +1,5 @@
-// Perspective subdivision: values divided by depth are exact every 8 pixels, and stepped as integers in between.
+// Perspective subdivision. Values that are interpolated divided by depth are made perspective-correct every 8 pixels,
+// by a division, and are stepped as integers in between.
 #pragma once
 
 #include "raster/span_gradients.h"
@@ -12,25 +13,26 @@ struct Truncating {
     static i32 toInteger(f64 value) { return truncated(value); }
 };
 
-// Differs from truncation by one step of 1/256 texel at the ends of blocks, and is cheaper.
+// Rounding is cheaper than truncation. It differs from it by at most 1/256 texel at the ends of blocks.
 struct Rounding {
     static i32 toInteger(f64 value) { return rounded(value); }
 };
 
 inline constexpr i32 blockLength = 8;
 
-// Steps one or two values along a span. The division for the block after next is begun before a block is drawn:
+// Steps one or two values along a span. The division at the end of the next block is begun before a block is drawn, so
+// that it runs while the pixels are drawn. This is the state while the first block of a longer span is drawn:
 //
 //   pixel      0               8              16
-//              at ---step----> target         (value, q: already here when the first block is drawn)
+//              at ---step----> target         value, q
 //
 template <class Conversion, f32 Interpolants::*... slots>
 class PerspectiveSubdivision {
 public:
     static constexpr u32 size = sizeof...(slots);
 
-    i32 at[size];   // the values at the current pixel, 8.8
-    i32 step[size]; // to the next pixel
+    i32 at[size];   // the values at the current pixel, in 8.8 fixed point
+    i32 step[size]; // what they change by from pixel to pixel
 
     explicit PerspectiveSubdivision(const SpanGradients& span)
         : at(), step(), value{span.start.*slots...}, valueStep8{span.step8.*slots...}, target(),
@@ -47,7 +49,8 @@ public:
         for (u32 i = 0; i < size; ++i) at[i] = wrappingSum(at[i], step[i]);
     }
 
-    // After 8 pixels, of which `remaining` are left: takes the exact values, which discards the stepping error.
+    // Goes on to the next block of a span that has `remaining` pixels left. The values become exact again, which
+    // discards the error of the integer steps.
     void nextBlock(i32 remaining)
     {
         aim();
@@ -60,8 +63,9 @@ private:
     i32 target[size]; // the exact values at the end of the block
     f32 invDepth;
     f32 invDepthStep8;
-    f64 q; // depth at the point that `value` belongs to
+    f64 q; // the depth, 1 / invDepth, at the pixel that `value` belongs to
 
+    // Moves `value` on by 8 pixels.
     void advance()
     {
         invDepth = stored(static_cast<f64>(invDepth) + invDepthStep8);
@@ -69,7 +73,7 @@ private:
         q = 1.0 / invDepth;
     }
 
-    // Starts at the old target and heads for the next. The shift rounds toward minus infinity.
+    // Starts at the old target and aims at the values 8 pixels on. The shift rounds the step toward minus infinity.
     void aim()
     {
         for (u32 i = 0; i < size; ++i) {
@@ -84,8 +88,8 @@ template <class Conversion>
 using SubdividedTexture = PerspectiveSubdivision<Conversion, &Interpolants::texU, &Interpolants::texV>;
 using SubdividedShade = PerspectiveSubdivision<Truncating, &Interpolants::intensity>;
 
-// Draws a span in blocks of 8 and a remainder: draw(n) draws n pixels and moves the values along. The record's count is
-// left at what the remainder was.
+// Draws a span in blocks of 8 pixels and a remainder. draw(n) draws n pixels and moves the values along. Afterwards the
+// span's count is the length of the remainder.
 template <class Values, class Draw>
 void drawInBlocks(SpanGradients& span, Values& values, Draw draw)
 {

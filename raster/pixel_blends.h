@@ -1,4 +1,4 @@
-// How a colour meets the pixel that is already there. A policy's over() gives the new pixel.
+// How a colour is combined with the pixel that is already there. over() of each policy returns the new pixel.
 #pragma once
 
 #include "host/pixel_format.h"
@@ -9,7 +9,7 @@ struct Replace {
     static u16 over(u16, u16 source) { return source; }
 };
 
-// The mean of the two pixels.
+// The mean of the two pixels, whose lowest bits of red and green are cleared first.
 template <PixelFormat format>
 struct HalfBlend {
     static constexpr u32 mask = pixelLayouts[format].blendMask();
@@ -20,9 +20,9 @@ struct HalfBlend {
     }
 };
 
-// The sum of the two pixels, a channel that overflows being filled with ones.
-// Intended: the carry that saturates blue stays behind in the lowest green bit, and that of green in the lowest red
-// bit; in 5-5-5 the carry of red stays in bit 15. Hosts compare frames; do not mask them.
+// The saturating sum of the two pixels, whose lowest bits of red and green are cleared first. A channel that overflows
+// is set to its largest value. Intended: the carry that saturates blue stays behind in the lowest green bit, and that
+// of green in the lowest red bit; in 5-5-5 the carry of red stays in bit 15. Hosts compare frames; do not mask them.
 template <PixelFormat format>
 struct SaturatingAdd {
     static constexpr PixelLayout layout = pixelLayouts[format];

@@ -6,7 +6,7 @@ namespace kardeno {
 
 namespace {
 
-// Untextured spans: the ramp's colour at each pixel's level.
+// Draws a span without a texture. The colour of a pixel is the ramp's entry for the light level there.
 template <class Blend>
 void drawShadedSpan(SpanGradients* span, u16* pixels)
 {

@@ -1,5 +1,5 @@
-// The inner routines of lit rows: every pixel's colour is looked up in the material's shade ramp. Untextured polygons
-// interpolate the shade with perspective; textured ones linearly on the screen.
+// The inner routines of the lit rows, which look every pixel's colour up in the material's shade ramp. Polygons without
+// a texture interpolate the shade with perspective correction, textured ones linearly on the screen.
 #pragma once
 
 #include "raster/span_routines.h"

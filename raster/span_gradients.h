@@ -1,5 +1,5 @@
-// What a filler hands to the inner routine of a span: where the span begins, the interpolated values there, and how
-// they change along the row.
+// What a filler hands to the inner routine that draws a span: where the span begins, the interpolated values there, and
+// how they change along the row.
 #pragma once
 
 #include "host/render_modes.h"
@@ -14,21 +14,21 @@ struct Interpolants {
     f32 colourR, colourG, colourB;
 };
 
-// Every slot is 32 bits wide; a family of fillers sets only those that it uses.
+// A filler sets only the fields that its inner routine reads.
 struct SpanGradients {
-    i32 x;              // first column of the span; the start values belong to it
-    i32 count;          // pixels still to draw; the inner routine takes 8 off for every block that it finishes
+    i32 x;              // first column of the span, to which the start values belong
+    i32 count;          // pixels still to draw; the inner routine subtracts 8 for every block that it has drawn
     Interpolants start; // at x
     Interpolants step;  // per pixel
     Interpolants step8; // per 8 pixels
     const TextureImage* texture;
     const RampEntry* ramp;
-    i32 shade;     // lit textured spans: the 8.8 shade at x, linear on the screen
+    i32 shade;     // lit textured spans: the shade at x in 8.8 fixed point, linear on the screen
     i32 shadeStep; // per pixel
-    u32 key;       // texel that a colour-keyed span leaves undrawn
+    u32 key;       // the texel that a colour-keyed span leaves undrawn
 };
 
-// Draws `count` pixels rightward. Works on copies of the start values: only `count` is changed.
+// Draws `count` pixels to the right, beginning at *pixels. Of the span only `count` may be changed.
 using SpanRoutine = void (*)(SpanGradients* span, u16* pixels);
 
 } // namespace kardeno

@@ -1,5 +1,5 @@
-// The tables of inner routines that fillers choose from. The choice is made once a polygon: no span asks what kind of
-// map or of frame buffer it has.
+// The tables of inner routines from which fillers choose. The choice is made once per polygon, so that no span has to
+// ask what kind of texture map or frame buffer it has.
 #pragma once
 
 #include "host/pixel_format.h"
@@ -7,14 +7,16 @@
 
 namespace kardeno {
 
-// Of spans without a texture: a routine for each pixel format. Fillers that do not blend or pack have the same twice.
+// The routines for spans without a texture, one for each pixel format. A filler that neither blends nor packs has the
+// same routine twice.
 using PlainSpanRoutines = SpanRoutine[pixelFormatCount];
 
-// Of spans with a texture: for a map of any size and for one of 256 x 256, in both pixel formats.
+// The routines for textured spans: for a map of any size and for one of 256 x 256, in both pixel formats.
 struct TexturedSpanRoutines {
     SpanRoutine anyMap[pixelFormatCount];
     SpanRoutine map256x256[pixelFormatCount];
-    // What the spans' key is taken from. A reference: a table that forgets it does not compile.
+    // Returns the key of the spans from the material's map. It is a reference so that a table without it does not
+    // compile.
     u32 (&keyOf)(const TextureMap& map);
 
     SpanRoutine choose(const TextureImage& image, PixelFormat format) const

@@ -1,5 +1,6 @@
-// The values that fillers interpolate along spans: each knows its array in the polygon, its place in the tables, and
-// what a row and a span make of it. Which ones a filler needs follows from the vertex format of its polygons.
+// The values that fillers interpolate along spans. Each value knows its array in the polygon and its place in
+// Interpolants, and sets itself up for a row and for a span. Which values a filler needs follows from the vertex
+// format.
 #pragma once
 
 #include "geometry/vertex_formats.h"
@@ -11,23 +12,24 @@
 
 namespace kardeno {
 
+// One end of a polygon's row: the column and the attributes there.
 struct OutlineSide {
     i32 x;
     Interpolants values;
 };
 
-// The two ends of a polygon's row.
 struct OutlineRow {
     OutlineSide left;
     OutlineSide right;
 };
 
+// A value that is interpolated in floating point.
 template <f32 (ScreenPolygon::*polygonArray)[maxCorners], f32 Interpolants::*slot>
 struct Interpolated {
     static constexpr auto values = polygonArray;
     static constexpr auto place = slot;
 
-    // `inverse` is 1 / width of the row.
+    // Sets the value at the row's left end and its gradients. `inverse` is 1 / width of the row.
     static void setUpRow(SpanGradients& span, const OutlineRow& row, f32 inverse)
     {
         const f64 left = row.left.values.*slot;
@@ -37,6 +39,7 @@ struct Interpolated {
         span.step8.*slot = stored(span.step.*slot * 8.0);
     }
 
+    // Moves the start value along the row.
     static void advance(SpanGradients& span, i32 columns)
     {
         span.start.*slot = stored(span.start.*slot + static_cast<f64>(span.step.*slot) * columns);
@@ -51,7 +54,7 @@ struct SpanRed : Interpolated<&ScreenPolygon::colourR, &Interpolants::colourR> {
 struct SpanGreen : Interpolated<&ScreenPolygon::colourG, &Interpolants::colourG> {};
 struct SpanBlue : Interpolated<&ScreenPolygon::colourB, &Interpolants::colourB> {};
 
-// The shade of textured rows: linear on the screen, and an integer from the row's left end on.
+// The shade of textured polygons is linear on the screen. It becomes an integer at the row's left end.
 struct SpanShadeOnScreen {
     static constexpr auto values = &ScreenPolygon::intensity;
     static constexpr auto place = &Interpolants::intensity;
@@ -70,7 +73,8 @@ struct SpanShadeOnScreen {
     }
 };
 
-// What a span interpolates for each attribute of the vertices. Only declared: the types are the map.
+// The value that a span interpolates for each attribute of the vertices. These are declared for their types only and
+// are never called.
 SpanTexU spanValueOf(TexU);
 SpanTexV spanValueOf(TexV);
 SpanShadeOverDepth spanValueOf(ShadeOverDepth);
@@ -83,13 +87,13 @@ template <class Attributes>
 struct SpanValueList;
 template <class... Attribute>
 struct SpanValueList<List<Attribute...>> {
-    // Where some attribute was divided by depth, the inverse depth is needed to multiply it back.
+    // When an attribute is divided by depth, the inverse depth is interpolated too, to recover the attribute from it.
     static constexpr bool perspective = (Attribute::dividedByDepth || ...);
     using Type = std::conditional_t<perspective, List<SpanInvDepth, decltype(spanValueOf(Attribute{}))...>,
                                     List<decltype(spanValueOf(Attribute{}))...>>;
 };
 
-// What the fillers of a vertex format interpolate along their spans.
+// The list of values that the fillers of a vertex format interpolate along their spans.
 template <class Format>
 using SpanValues = typename SpanValueList<typename Format::Attributes>::Type;
 

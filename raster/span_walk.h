@@ -1,4 +1,4 @@
-// The span walk that all fillers share, and the scanline set-up of the interpolating ones.
+// The walk over a polygon's spans that all fillers share, and the scanline set-up of the interpolating fillers.
 #pragma once
 
 #include "raster/edge_walking.h"
@@ -8,8 +8,9 @@
 
 namespace kardeno {
 
-// The pixels that may be written, for fillers alone, whose signature has no place for it; the frame driver sets it.
-// Spans lie inside it already, a filler that draws its whole outline cuts itself to it.
+// The rectangle in which pixels may be written. The frame driver sets it for the fillers, whose signature has no place
+// for it. Spans lie inside it already; a filler that draws the whole outline of a polygon has to cut it to this
+// rectangle.
 extern DrawnRectangle drawnRectangle;
 
 inline u16* pixelAt(u16* frameBuffer, u32 pitch, i32 x, i32 y)
@@ -17,14 +18,15 @@ inline u16* pixelAt(u16* frameBuffer, u32 pitch, i32 x, i32 y)
     return frameBuffer + wrappingSum(wrappingProduct(y, static_cast<i32>(pitch)), x);
 }
 
-// Calls draw(span) for each span of the polygon, from the last one made to the first.
+// Calls draw(span) for each span of the polygon, beginning with the one that was made last.
 template <class Draw>
 void forEachSpan(const ScreenPolygon& polygon, Draw draw)
 {
     for (i32 index = polygon.spanHead; index != -1; index = SpanPool.held[index].next) draw(SpanPool.held[index]);
 }
 
-// Scanline set-up: start values at the row's left end and gradients along it. A row without width has gradients of 0.
+// Scanline set-up: sets the start values, which belong to the row's left end, and the gradients along the row. A row
+// without width has gradients of 0.
 template <class Values>
 void setUpRow(SpanGradients& span, const OutlineRow& row)
 {
@@ -34,7 +36,8 @@ void setUpRow(SpanGradients& span, const OutlineRow& row)
     Values::forEach([&]<class Value>() { Value::setUpRow(span, row, inverse); });
 }
 
-// Moves the start values along the row to column x. Rounded at every move: spans of one row go on from one another.
+// Moves the start values along the row to column x. The values are rounded at every move, and a span goes on from the
+// values of the row's previous span.
 template <class Values>
 void advanceTo(SpanGradients& span, i32 x)
 {
@@ -44,7 +47,8 @@ void advanceTo(SpanGradients& span, i32 x)
     span.x = x;
 }
 
-// Draws all spans of a polygon with one inner routine. `span` brings what does not change along the polygon.
+// Draws all spans of a polygon with one inner routine. The caller sets those fields of `span` that are the same for the
+// whole polygon.
 template <class Values>
 void fillSpans(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, SpanRoutine routine, SpanGradients& span)
 {

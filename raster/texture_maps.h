@@ -1,4 +1,4 @@
-// Texel addressing: how 8.8 coordinates become an index into an image's texels.
+// Texel addressing: how texture coordinates in 8.8 fixed point become the index of a texel.
 #pragma once
 
 #include "kardeno_soft/host_records.h"
@@ -6,8 +6,8 @@
 
 namespace kardeno {
 
-// Any width and height that are powers of two. The combined index wraps, not each coordinate: past the right edge comes
-// the next row.
+// A map whose width and height are any powers of two. The index wraps as a whole, not each coordinate by itself: past
+// the right side of a row of texels comes the next row.
 struct AnyMap {
     using Coordinates = SubdividedTexture<Truncating>;
 
@@ -20,7 +20,7 @@ struct AnyMap {
     }
 };
 
-// A 256 x 256 map: each coordinate wraps by itself.
+// A map of 256 x 256 texels. Each coordinate wraps by itself.
 template <class Conversion>
 struct Map256x256 {
     using Coordinates = SubdividedTexture<Conversion>;
@@ -29,7 +29,7 @@ struct Map256x256 {
     u32 indexOf(i32 u, i32 v) const { return static_cast<u32>(v & 0xff00) | (static_cast<u32>(u >> 8) & 0xff); }
 };
 
-// Texels of either width, behind the image's record.
+// The texels of an image, which follow its record.
 template <class Texel>
 const Texel* texelsOf(const TextureImage& image)
 {

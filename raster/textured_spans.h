@@ -1,9 +1,9 @@
-// The inner routines of textured spans. Each is four choices, each a small policy:
+// The inner routines of textured spans. Each routine is made of four choices, and each choice is a small policy:
 //   Map     how the map is addressed, and how its coordinates are rounded
-//   Colour  what colour a texel is; it may carry a value along the span
-//   Key     which texels stay undrawn, and which field of the material's map tells them
-//   Blend   how the colour meets the pixel
-// Only the files that define a family's table need this header; who calls a filler needs textured_fills.h.
+//   Colour  what colour a texel has; it may step a value along the span
+//   Key     which texels stay undrawn, and from which field of the material's map they are known
+//   Blend   how the colour is combined with the pixel that is already there
+// Only the files that define the tables of inner routines include this header.
 #pragma once
 
 #include "raster/pixel_blends.h"
@@ -12,7 +12,7 @@
 
 namespace kardeno {
 
-// Colours. 16-bit texels are pixels already.
+// Colours. A 16-bit texel is a pixel already.
 struct TexelItself {
     using Texel = u16;
     explicit TexelItself(const SpanGradients&) {}
@@ -20,7 +20,7 @@ struct TexelItself {
     void nextPixel() {}
 };
 
-// Palette indices, at the ramp's brightest level.
+// A palette index is looked up at the ramp's brightest level.
 struct FullyBright {
     using Texel = u8;
     const RampEntry* brightest;
@@ -29,7 +29,8 @@ struct FullyBright {
     void nextPixel() {}
 };
 
-// Palette indices, at the level of a shade that changes linearly along the span. The mask is the level times 256.
+// A palette index is looked up at the level of a shade that changes linearly along the span. The level is the upper
+// byte of the shade, and masking the shade gives the level times 256.
 struct LitTexel {
     using Texel = u8;
     const RampEntry* ramp;
@@ -40,7 +41,7 @@ struct LitTexel {
     void nextPixel() { shade = wrappingSum(shade, shadeStep); }
 };
 
-// Keys. A hidden pixel is left as it was; the coordinates move on all the same.
+// Keys. Where the texel is hidden the pixel stays as it was, while the coordinates move on all the same.
 struct Opaque {
     static u32 keyOf(const TextureMap&) { return 0; }
     static bool hides(const SpanGradients&, u32) { return false; }
@@ -58,6 +59,7 @@ struct IndexZeroKeyed {
     static bool hides(const SpanGradients&, u32 texel) { return texel == 0; }
 };
 
+// Draws a textured span.
 template <class Map, class Colour, class Key, class Blend>
 void drawTexturedSpan(SpanGradients* span, u16* pixels)
 {
@@ -77,7 +79,7 @@ void drawTexturedSpan(SpanGradients* span, u16* pixels)
     });
 }
 
-// The table of a filler that does not blend: the same routine for both pixel formats.
+// The table of a filler that does not blend has the same routine for both pixel formats.
 template <class Conversion, class Colour, class Key>
 inline constexpr TexturedSpanRoutines copied = {
     .anyMap = {drawTexturedSpan<AnyMap, Colour, Key, Replace>, drawTexturedSpan<AnyMap, Colour, Key, Replace>},
@@ -86,6 +88,7 @@ inline constexpr TexturedSpanRoutines copied = {
     .keyOf = Key::keyOf,
 };
 
+// The table of a filler that blends has a routine for each pixel format.
 template <class Conversion, class Colour, class Key, template <PixelFormat> class Blend>
 inline constexpr TexturedSpanRoutines blended = {
     .anyMap = {drawTexturedSpan<AnyMap, Colour, Key, Blend<rgb555>>,

@@ -1,4 +1,4 @@
-// The inner routines of unlit textured rows: the texture at its own colours, perspective-correct.
+// The inner routines of the unlit textured rows, which draw a texture in its own colours with perspective correction.
 #pragma once
 
 #include "raster/span_routines.h"

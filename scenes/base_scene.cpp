@@ -30,7 +30,7 @@ void showObject(SceneObject*, SceneObject* object, RenderView*)
     object->visible = 1;
 }
 
-// Shades, vertices and outcodes never change: they are made with the scene.
+// Shades, vertices and outcodes are made with the scene and never change, so that these callbacks have nothing to do.
 void nothingToDo(SceneObject*, SceneObject*, RenderView*) {}
 
 i32 showFace(SceneFace*)
@@ -70,7 +70,8 @@ MaterialColour materialColour(i32 bitsPerPixel, const Colour& colour)
             .packed = packedPixel(bitsPerPixel, colour)};
 }
 
-// No render state selects the two last rows. A material whose state selects the flat fallback is pointed on from there.
+// No render state selects the two last rows. The material is given a state that selects the flat fallback, and its
+// pointer is moved on from there.
 void pointAtSpareRow(SceneMaterial& material, Surface::SpareRow row)
 {
     Kardeno_Set_Material_Render_State_Dll(&material, 7);
@@ -222,7 +223,7 @@ Face& Scene::addFace(Object& object, SceneMaterial& material, const std::vector<
     face.normalY = static_cast<f32>(normal.y);
     face.normalZ = static_cast<f32>(normal.z);
     Kardeno_Add_Face_Dll(&face);
-    *face.faceColour = faceColour; // the renderer's choice is another on each platform
+    *face.faceColour = faceColour; // the renderer's own choice differs from platform to platform
 
     object.faceList.push_back(&face);
     object.faces = object.faceList.data();

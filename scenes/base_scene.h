@@ -1,9 +1,9 @@
-// Scenes that tests, benches and pages draw, and the small host that holds them. It knows nothing but the renderer's
-// public header, and computes with + - * / alone: a scene has the same numbers on every machine.
+// The scenes that the tests and other programs draw, and the small host that holds them. The host knows only the
+// renderer's public header and computes with + - * / alone, so that a scene has the same numbers on every machine.
 //
-// Geometry is given in eye space: X to the right, Y up, Z away. What fills half of the height of the picture is its
-// size times the zoom away. There is one renderer for a process: making a scene, or drawing another than the last one,
-// initialises it with that scene's context.
+// Geometry is given in eye space: X points right, Y up and Z away from the eye. A height h fills half of the height of
+// the picture at a distance of h times the zoom. There is one renderer in a process, which is initialised anew with the
+// context of a scene whenever the scene is made, and whenever it is used after another one.
 #pragma once
 
 #include "kardeno_soft/kardeno_soft.h"
@@ -34,7 +34,7 @@ constexpr f64 dot(const Vector& a, const Vector& b)
     return a.x * b.x + a.y * b.y + a.z * b.z;
 }
 
-// How a material is made. The defaults give an opaque, unlit surface of its diffuse colour.
+// What a material is made from. The defaults give an opaque, unlit surface in its diffuse colour.
 struct Surface {
     i32 state = 0;
     i32 shadingMode = 0;
@@ -46,7 +46,7 @@ struct Surface {
     Colour tint{255, 255, 255};
     i32 shininess = 0;
     i32 specularLevel = 0;
-    enum SpareRow { none, gouraud, scaledTexture } spareRow = none; // instead of what the state selects
+    enum SpareRow { none, gouraud, scaledTexture } spareRow = none; // takes the place of the row that the state selects
 };
 
 struct Material : SceneMaterial {
@@ -87,26 +87,30 @@ public:
     const Settings settings;
     RenderView view;
 
-    // The texture map is made in the scene's pixel format. See texture_scene.h.
+    // What the following functions return lives as long as the scene. A texture map is made in the scene's pixel
+    // format.
     Texture& addTexture(i32 bitsPerTexel, i32 width, i32 height, Picture picture);
     Material& addMaterial(const Surface& surface);
-    // At the end of the chain of roots.
+    // Adds an empty object at the end of the chain of roots.
     Object& addObject();
+    // Returns the index of the new vertex.
     i32 addVertex(const Vector& place, const VertexShade& shade = {});
-    // Flat and convex, 3 to 10 corners, counter-clockwise where it is seen. The colour is what the flat fallbacks draw.
+    // The corners, 3 to 10, are those of a flat and convex polygon and run counter-clockwise as it is seen. The flat
+    // fallbacks draw the face colour.
     Face& addFace(Object& object, SceneMaterial& material, const std::vector<Corner>& corners, u16 faceColour = 0);
 
-    // Whether the plane of the corners lies well off the eye: a face that is seen exactly edge-on has no depth plane.
+    // Whether the plane of the corners passes the eye at a distance. A face that is seen edge-on has no depth plane.
     bool isOffTheEye(const std::vector<Corner>& corners) const;
 
-    // One frame; `clear` sets what nothing covers to 0.
+    // Draws one frame. When `clear` is set, pixels that no polygon covers become 0.
     void draw(u16* pixels, i32 pitch, bool clear = true);
     SceneObject* pick(f32 x, f32 y, i32* faceIndex, f32* depth);
 
-    i32 width() const { return static_cast<i32>(settings.right); } // of a frame that holds the drawn rectangle
+    // The size of a frame that holds the drawn rectangle.
+    i32 width() const { return static_cast<i32>(settings.right); }
     i32 height() const { return static_cast<i32>(settings.bottom); }
 
-    // All faces and materials, in the order in which they were made.
+    // All faces, materials and objects, in the order in which they were made.
     std::deque<Face> faces;
     std::deque<Material> materials;
     std::deque<Object> objects;
@@ -122,7 +126,7 @@ private:
     std::vector<u32> stamps;
     std::deque<Texture> textures;
 
-    void initialiseRenderer(); // unless this scene did so last
+    void initialiseRenderer(); // does nothing when this scene was the last to initialise the renderer
     Vector normalOf(const std::vector<Corner>& corners) const;
 };
 

@@ -34,7 +34,8 @@ void addLitFloor(Workbench& bench)
 
 } // namespace
 
-// Gratings that let the wall behind show through their holes: the unlit key is a colour, the lit one an index.
+// Gratings let the wall behind show through their holes. The key of the unlit ones is a colour, that of the lit ones a
+// palette index.
 void buildColourKeyed(Scene& scene)
 {
     Workbench bench(scene);
@@ -53,7 +54,7 @@ void buildColourKeyed(Scene& scene)
     bench.ball(turned(8, 1, 2, 1, {1.6, -1.2, 5}), 1);
 }
 
-// Balls from dull to shiny, a solid with flat faces, and a translucent ball before them.
+// Balls from dull to shiny and a box stand behind a translucent ball.
 void buildLitPlain(Scene& scene)
 {
     Workbench bench(scene);
@@ -71,7 +72,7 @@ void buildLitPlain(Scene& scene)
     bench.ball(turned(8, 2, 1, 0, {0.7, -0.4, 4}), 0.9);
 }
 
-// Palettised maps under a lamp, by both ways of addressing, with a highlight and with a tint.
+// Palettised maps are lit by a lamp, with both ways of addressing, with a highlight and with a tint.
 void buildLitTextured(Scene& scene)
 {
     Workbench bench(scene);
@@ -93,7 +94,7 @@ void buildLitTextured(Scene& scene)
     bench.ball(turned(9, -1, 3, 1, {-0.4, 1.8, 7}), 1);
 }
 
-// What lies over what is lit: half blends with and without holes, and sums.
+// Half blends, with and without holes, and additive glows lie over a lit wall and a lit floor.
 void buildLitBlends(Scene& scene)
 {
     Workbench bench(scene);
@@ -116,7 +117,8 @@ void buildLitBlends(Scene& scene)
     bench.panel(turned(8, 1, 1, 0, {2.3, -0.6, 5}), 1.1, 1.1);
 }
 
-// The two rows that no render state selects: colours from corner to corner, alone and scaling a texture.
+// The two rows that no render state selects interpolate colours from corner to corner, one by itself and the other to
+// scale a texture.
 void buildSpareRows(Scene& scene)
 {
     Workbench bench(scene);
@@ -170,8 +172,8 @@ void buildEverything(Scene& scene)
         {.texture = &trueColour, .spareRow = Surface::scaledTexture},
     };
 
-    // A floor from behind the eye to beyond the far plane, and on it two rings of boxes that leave the picture on all
-    // sides.
+    // The floor reaches from behind the eye to beyond the far plane. Twenty boxes, one for each row of the render-mode
+    // table, leave the picture on all sides.
     Workbench bench(scene);
     bench.material = &scene.addMaterial({.texture = &scene.addTexture(16, 256, 256, planks)});
     bench.panel({{1, 0, 0}, {0, 0, 1}, {0, -1, 0}, {0, -2.2, 15}}, 30, 16, 12, 8);
@@ -183,7 +185,7 @@ void buildEverything(Scene& scene)
         const Vector place = {column * (1.9 + 0.4 * row) + 0.3, 2.7 - 1.7 * row, 9 - 1.4 * row};
         bench.box(turned(8, i % 4 - 1, i % 5 - 2, i % 3 - 1, place), 0.8, 0.7, 0.8);
     }
-    // One box around the far plane, one around the near plane.
+    // One box crosses the far plane and one the near plane.
     bench.material = &scene.addMaterial(surfaces[12]);
     bench.box(turned(8, 1, 2, 0, {0, 3, 24}), 8, 3, 3);
     bench.material = &scene.addMaterial(surfaces[11]);

@@ -1,5 +1,5 @@
-// The composed scenes: each shows one family of materials, or one use of many, in a picture that a person can judge.
-// The golden frames are theirs; benches draw them too.
+// The composed scenes. Each shows one family of materials, or one use of several, in a picture that a person can judge.
+// The golden frames are drawn from them.
 #pragma once
 
 #include "scenes/base_scene.h"
@@ -17,7 +17,7 @@ struct ComposedScene {
 inline constexpr i32 composedSceneCount = 12;
 extern const ComposedScene composedScenes[composedSceneCount];
 
-// Unlit rows.
+// These show unlit rows.
 void buildFlatFallbacks(Scene& scene);
 void buildPlainAndTranslucent(Scene& scene);
 void buildTrueColourRoom(Scene& scene);
@@ -25,14 +25,14 @@ void buildPalettisedRoom(Scene& scene);
 void buildUnlitBlends(Scene& scene);
 void buildBillboards(Scene& scene);
 
-// Lit and colour-interpolating rows.
+// These show colour-keyed rows, lit rows and the two rows that interpolate colours.
 void buildColourKeyed(Scene& scene);
 void buildLitPlain(Scene& scene);
 void buildLitTextured(Scene& scene);
 void buildLitBlends(Scene& scene);
 void buildSpareRows(Scene& scene);
 
-// Every row, in a rectangle inside the frame, cut by all six planes.
+// This one shows all rows, in a rectangle inside the frame, with faces cut by all six planes.
 void buildEverything(Scene& scene);
 
 } // namespace kardeno::scenes

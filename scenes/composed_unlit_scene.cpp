@@ -5,7 +5,7 @@ namespace kardeno::scenes {
 
 namespace {
 
-// A room seen from inside: the floor and the ceiling reach behind the eye, the maps repeat.
+// A room is seen from inside. Its floor and ceiling reach behind the eye, and its maps repeat.
 void addRoom(Workbench& bench, SceneMaterial& floor, SceneMaterial& walls, SceneMaterial& ceiling)
 {
     bench.material = &floor;
@@ -18,8 +18,8 @@ void addRoom(Workbench& bench, SceneMaterial& floor, SceneMaterial& walls, Scene
     bench.panel({{0, 0, -1}, {0, 1, 0}, {1, 0, 0}, {5, 0.5, 6}}, 8, 2.5, 6, 2);
 }
 
-// A room with a box of the small map and one of the large map in it. The walls hold no map that is 256 x 256, so that
-// both ways of addressing are to be seen wrapping.
+// A room with two boxes in it. Both ways of addressing are seen to wrap: the floor has a map of 256 x 256 texels, and
+// the walls and the ceiling have smaller ones.
 void buildRoom(Scene& scene, i32 bitsPerTexel)
 {
     Material& floor = scene.addMaterial({.texture = &scene.addTexture(bitsPerTexel, 256, 256, planks)});
@@ -35,7 +35,7 @@ void buildRoom(Scene& scene, i32 bitsPerTexel)
 
 } // namespace
 
-// Boxes told apart by their face colours alone; the panes before them blend theirs.
+// Boxes and a pyramid are told apart by their face colours alone. The panes before them blend their own face colours.
 void buildFlatFallbacks(Scene& scene)
 {
     Workbench bench(scene);
@@ -46,7 +46,7 @@ void buildFlatFallbacks(Scene& scene)
     bench.box(turned(7, -2, -3, 1, {1.5, -0.4, 8}), 1.4, 1, 1.2);
     bench.pyramid(turned(9, 1, 2, 0, {0, -2, 5}), 0.8, 2.4);
 
-    // True-colour maps cannot be lit: they fall back, too.
+    // True-colour maps cannot be lit, so this panel gets a flat fallback too.
     bench.material = &scene.addMaterial({.state = 1, .texture = &scene.addTexture(16, 16, 16, tiles)});
     bench.panel(turned(9, 0, -2, 0, {2.6, 1.6, 6}), 0.8, 0.6);
 
@@ -58,7 +58,8 @@ void buildFlatFallbacks(Scene& scene)
     bench.panel(turned(9, 1, -1, 0, {0.6, -0.3, 3.2}), 0.8, 0.6);
 }
 
-// Solids that run through one another, a floor that reaches behind the eye, and panes of glass at three depths.
+// Pyramids stand on a floor that reaches behind the eye. Boards cross or share a place, and panes of glass stand at
+// three depths.
 void buildPlainAndTranslucent(Scene& scene)
 {
     Workbench bench(scene);
@@ -72,13 +73,14 @@ void buildPlainAndTranslucent(Scene& scene)
         colour(sides[i]);
         bench.pyramid(turned(6, 0, i, 0, {-2.4 + 2.2 * i, -2, 7.5 - i}), 1.1, 2.8 + 0.3 * i);
     }
-    // Two crossed boards: depth is decided where a row enters a board, and so the crossing is seen as far as that goes.
+    // Two boards cross. Depth is compared only where a row enters a board, so the crossing is drawn row by row and not
+    // along its true line.
     colour({235, 235, 235});
     bench.panel(turned(8, 0, 3, 0, {0.2, 1.2, 9}), 2.8, 0.5);
     colour({250, 140, 40});
     bench.panel(turned(8, 0, -3, 0, {0.2, 1.4, 9}), 2.8, 0.5);
 
-    // Two boards in one place: of equally deep ones the one made first is seen.
+    // Two boards lie in one place. Of two that are equally deep the one that was made first is seen.
     for (const Colour& board : {Colour{60, 210, 210}, Colour{220, 60, 200}}) {
         colour(board);
         bench.panel({.origin = {-4, 2.6, 9}}, 1, 0.7);
@@ -102,7 +104,7 @@ void buildPalettisedRoom(Scene& scene)
     buildRoom(scene, 8);
 }
 
-// Half blends and glows over a wall of bricks and a floor of planks.
+// Half blends and additive glows lie over a wall of bricks and a floor of planks.
 void buildUnlitBlends(Scene& scene)
 {
     Workbench bench(scene);
@@ -123,8 +125,8 @@ void buildUnlitBlends(Scene& scene)
     bench.panel(turned(8, 2, 0, 1, {1, -0.8, 4}), 0.9, 0.9);
 }
 
-// Glows of both kinds behind and before a pillar: the sorted ones are hidden by it, the late ones shine through. Some
-// are cut by the sides of the picture.
+// Billboards of both kinds glow behind and before two pillars. The sorted ones are hidden by a pillar, the late sorted
+// ones shine through it. Some are cut by the sides of the picture.
 void buildBillboards(Scene& scene)
 {
     Workbench bench(scene);

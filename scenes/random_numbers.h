@@ -1,4 +1,4 @@
-// Random numbers that are the same on every platform and for ever, so that a seed names a scene.
+// Random numbers that are the same on every platform and never change, so that a seed stands for a scene.
 #pragma once
 
 #include "kardeno_soft/types.h"
@@ -10,17 +10,18 @@ namespace kardeno::scenes {
 
 class RandomNumbers {
 public:
-    // Neighbouring seeds must begin far apart: streams that start one step after another give much the same scenes.
+    // The seed is mixed, so that neighbouring seeds begin far apart: sequences that are one step apart give much the
+    // same scenes.
     explicit RandomNumbers(u32 seed) : state(mixed(mixed(seed) + seed)) {}
 
-    // SplitMix64.
+    // The generator is SplitMix64, of whose result 32 bits from the middle are taken.
     u32 next()
     {
         state += 0x9e3779b97f4a7c15ull;
         return static_cast<u32>(mixed(state) >> 16);
     }
 
-    // Both ends included.
+    // Both ends are included.
     i32 integer(i32 low, i32 high) { return low + static_cast<i32>(next() % static_cast<u32>(high - low + 1)); }
 
     f64 real(f64 low, f64 high) { return low + (high - low) * (next() / 4294967296.0); }

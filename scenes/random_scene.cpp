@@ -11,10 +11,10 @@ namespace {
 constexpr i32 rowCount = 20;
 constexpr i32 opaqueRows[] = {0, 2, 3, 10, 11, 12, 18, 19};
 
-// Angles of a convex outline as points on the unit circle, counter-clockwise as seen with y up.
+// Returns the corners of a convex outline, which are points on the unit circle. They run counter-clockwise with y up.
 std::vector<Vector> outlineOnCircle(RandomNumbers& random)
 {
-    constexpr f64 smallestStep = 0.15; // of 4, which is once around
+    constexpr f64 smallestStep = 0.15; // in quarters of the circle
     const i32 count = random.integer(3, 8);
     std::vector<f64> turns;
     while (static_cast<i32>(turns.size()) < count) {
@@ -45,7 +45,7 @@ VertexShade randomShade(RandomNumbers& random)
     return shade;
 }
 
-// A scene, and where the next polygon goes.
+// Builds a scene polygon by polygon.
 class Builder {
 public:
     Builder(u32 seed, const RandomSceneSettings& theSettings, const Scene::Settings& sceneSettings)
@@ -55,8 +55,8 @@ public:
         for (Object*& object : objects) object = &scene->addObject();
     }
 
-    // The outline lies in the plane of `along` and `across`, which need not be of length 1. False, and nothing added,
-    // when that plane comes too near the eye.
+    // Adds a random polygon to a random object. The outline lies in the plane of `along` and `across`, which need not
+    // be of length 1. Returns false, and adds no face, when that plane passes too near the eye.
     bool addPolygon(const Vector& centre, const Vector& along, const Vector& across, bool mayFaceAway)
     {
         std::vector<Vector> outline = outlineOnCircle(random);
@@ -72,8 +72,8 @@ public:
         }
         if (!scene->isOffTheEye(corners)) return false;
 
-        // The outline is counter-clockwise where `along` goes to the right of `across`, which is when their product
-        // points away from the eye.
+        // The outline is seen counter-clockwise when the cross product of `along` and `across` points away from the
+        // eye.
         const Vector normal = {along.y * across.z - along.z * across.y, along.z * across.x - along.x * across.z,
                                along.x * across.y - along.y * across.x};
         const bool seenFromInFront = dot(normal, centre) > 0;
@@ -93,7 +93,7 @@ private:
     Object* objects[3];
     std::vector<Material*> materials;
 
-    // Each row with each kind of map.
+    // Makes a material for each row with each kind of map.
     void makeMaterials()
     {
         for (const i32 size : {64, 256}) {
@@ -178,7 +178,7 @@ std::unique_ptr<Scene> makeTangledScene(u32 seed, const RandomSceneSettings& set
 
 std::unique_ptr<Scene> makeLayeredScene(u32 seed, const RandomSceneSettings& settings)
 {
-    constexpr f64 ratio = 1.12; // from layer to layer; a polygon takes 3 percent up and down
+    constexpr f64 ratio = 1.12; // from layer to layer; a polygon reaches at most 3 percent of its depth to either side
     Scene::Settings view = {.bitsPerPixel = settings.bitsPerPixel, .right = 160, .bottom = 120, .nearZ = 50};
     f64 depths[layerCount] = {view.nearZ};
     for (i32 i = 1; i < layerCount; ++i) depths[i] = depths[i - 1] * ratio;

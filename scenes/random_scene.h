@@ -1,4 +1,5 @@
-// Scenes of random polygons, for properties that hold whatever is drawn. A seed gives the same scene everywhere.
+// Scenes of random polygons, for tests of properties that hold whatever is drawn. A seed gives the same scene
+// everywhere.
 #pragma once
 
 #include "scenes/base_scene.h"
@@ -6,30 +7,32 @@
 
 namespace kardeno::scenes {
 
-// Which rows the polygons are spread over.
+// The rows of the render-mode table that the polygons are spread over.
 enum class RowChoice {
-    all,           // the twenty
-    opaque,        // those of the resolved list
-    plain,         // unlit and opaque, a colour of its own for each polygon
-    plainAndGlass, // the same, and a third of the polygons half transparent
+    all,           // all twenty
+    opaque,        // those whose polygons hide what lies farther
+    plain,         // UnlitPlain, with a colour of its own for each polygon
+    plainAndGlass, // the same, but about a third of the polygons are half transparent
 };
 
 struct RandomSceneSettings {
     i32 bitsPerPixel = 16;
     i32 polygons = 40;
     RowChoice rows = RowChoice::all;
-    i32 litState = 1; // of the lit rows: 1 or 2
+    i32 litState = 1; // the render state of the lit rows, 1 or 2
 };
 
-// Polygons of all sizes, before, across and behind all six planes, turned any way, through one another.
+// Makes a scene of polygons of all sizes, turned any way and running through one another. They lie inside, across and
+// outside all six clip planes.
 std::unique_ptr<Scene> makeTangledScene(u32 seed, const RandomSceneSettings& settings);
 
-// Polygons that do not meet: each in a layer of depth of its own, with a gap around it, only slightly tilted. The
-// nearest layer lies around the near plane and the farthest around the far one. At most `layerCount`.
+// Makes a scene of at most `layerCount` polygons that do not meet. Each is only slightly tilted and has a layer of
+// depth of its own, with gaps between the layers. The nearest layer lies around the near plane and the farthest around
+// the far one.
 inline constexpr i32 layerCount = 24;
 std::unique_ptr<Scene> makeLayeredScene(u32 seed, const RandomSceneSettings& settings);
 
-// The surfaces of the twenty rows, in the order of the rows.
+// Returns a surface that is drawn by the given row of the render-mode table.
 Surface surfaceOfRow(i32 row, i32 litState, Texture& trueColour, Texture& palettised);
 
 } // namespace kardeno::scenes

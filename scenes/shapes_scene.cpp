@@ -4,10 +4,12 @@ namespace kardeno::scenes {
 
 namespace {
 
-// Points on a circle from fractions: ((1 - t t) / (1 + t t), 2 t / (1 + t t)), t nearly the tangent of half the angle.
 struct CirclePoint {
     f64 x, y;
 };
+
+// Returns a point about the given number of twelfths around the unit circle. It is computed from a fraction t, nearly
+// the tangent of half the angle, as ((1 - t t) / (1 + t t), 2 t / (1 + t t)).
 
 CirclePoint circlePoint(i32 twelfth)
 {
@@ -84,8 +86,8 @@ void Workbench::ball(const Placement& placement, f64 radius)
     constexpr i32 meridians = 12, rings = 6;
     i32 vertices[rings + 1][meridians];
     for (i32 ring = 0; ring <= rings; ++ring) {
-        const CirclePoint latitude =
-            circlePoint(ring); // x: from the north pole down to the south pole, y: off the axis
+        // Along the latitude, x goes from the north pole to the south pole, and y is the distance from the axis.
+        const CirclePoint latitude = circlePoint(ring);
         for (i32 meridian = 0; meridian < meridians; ++meridian) {
             const CirclePoint around = circlePoint(meridian);
             const Vector normal = {latitude.y * around.x, latitude.x, latitude.y * around.y};

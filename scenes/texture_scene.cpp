@@ -13,7 +13,7 @@ u32 log2Of(i32 value)
     return bits;
 }
 
-// The letter F in a cell of 8 x 8: it shows which way a map lies.
+// The letter F in a cell of 8 x 8, which shows how a map is turned.
 constexpr u8 letterF[8] = {0b00000000, 0b00111100, 0b00100000, 0b00111000, 0b00100000, 0b00100000, 0b00000000, 0};
 
 } // namespace

@@ -21,6 +21,7 @@ i32 columnToFixed(i32 column)
     return wrappingShiftLeft(column, 16);
 }
 
+// Grows the pool by one step. A refusal leaves the pool as it was.
 EdgePass growEdgePool(HostContext& context)
 {
     EdgePool.capacity += edgePoolGrowth;
@@ -34,7 +35,8 @@ EdgePass growEdgePool(HostContext& context)
     return EdgePass::poolGrew;
 }
 
-// Before the first edge whose x is not smaller: of two edges with the same x, the one added later comes first.
+// Inserts the edge before the first one whose x is not smaller. Of two edges with the same x, the one that was added
+// later therefore comes first.
 void insertByX(ScanEdge& head, ScanEdge& edge)
 {
     ScanEdge* before = &head;
@@ -43,7 +45,7 @@ void insertByX(ScanEdge& head, ScanEdge& edge)
     before->next = &edge;
 }
 
-// Adds one side, from (xa, ya) to (xb, yb). A side that covers no row of the rectangle takes no record.
+// Adds the side from (xa, ya) to (xb, yb). A side that covers no row of the rectangle takes no record of the pool.
 void addSide(const DrawnRectangle& drawn, ScreenPolygon* polygon, f32 xa, i32 ya, f32 xb, i32 yb)
 {
     const i32 dy = wrappingDifference(yb, ya);

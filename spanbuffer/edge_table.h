@@ -1,11 +1,13 @@
-// The edge table: every side of the frame's polygons, listed under the first scanline that it crosses, sorted by x, and
-// under the last. The scanline resolver merges a row's new edges into its active list and drops those that end there.
+// The edge table: every side of the frame's polygons, listed twice, under the first and under the last scanline that it
+// covers. At each scanline the resolver merges the edges that start there into its active edge list, and removes those
+// that end there.
 //
-//   row list of y:   EdgeStartTable[y].next -> edge -> edge -> RightGuardEdge      ascending x, linked by next
-//   end list of y:   EdgeEndTable[y] -> edge -> edge -> null                       linked by nextEnding
+//   edges that start on row y:   EdgeStartTable[y].next -> edge -> edge -> RightGuardEdge      ascending x, by `next`
+//   edges that end on row y:     EdgeEndTable[y] -> edge -> edge -> null                       by `nextEnding`
 //
-// Edges live in one pool that grows through the host's realloc and is kept from frame to frame. A growth may move it
-// and so make every link stale: the whole edge pass is then begun again.
+// The edges live in a pool that grows through the host's realloc and is kept from frame to frame. A growth may move the
+// pool, which makes all links between edges stale. The edge pass, which adds the sides of all polygons, then starts
+// again from the beginning.
 #pragma once
 
 #include "geometry/screen_polygon.h"
@@ -17,12 +19,12 @@ inline constexpr i32 edgePoolGrowth = 4096;
 
 // One side of a polygon. x and xStep are 16.16 fixed point.
 struct ScanEdge {
-    i32 x;        // on the current scanline; at first on the side's top row, at its upper vertex
-    i32 xStep;    // from one scanline to the next
-    u32 entering; // 1 when the side runs down the screen: passing it, the walk enters the polygon; 0: leaves it
-    ScanEdge* next;
-    ScanEdge* prev; // in the active list only
-    ScanEdge* nextEnding;
+    i32 x;          // on the current scanline; before the edge is active, on the first one that it covers
+    i32 xStep;      // from one scanline to the next
+    u32 entering;   // 1 when the side runs down the screen, so that a walk to the right enters the polygon; else 0
+    ScanEdge* next; // in the start list, then in the active edge list
+    ScanEdge* prev; // in the active edge list only
+    ScanEdge* nextEnding; // in the end list
     ScreenPolygon* polygon;
     u32 reserved;
 };
@@ -37,7 +39,7 @@ KARDENO_OFFSET(ScanEdge, polygon, 24, 40);
 KARDENO_OFFSET(ScanEdge, reserved, 28, 48);
 
 struct EdgePoolRecord {
-    ScanEdge* edges; // null before the first frame that has a polygon
+    ScanEdge* edges; // null until the first edge pass with a polygon
     i32 count;
     i32 capacity;
 };
@@ -46,25 +48,27 @@ extern EdgePoolRecord EdgePool;
 extern ScanEdge EdgeStartTable[scanlineCount]; // row heads: only `next` is used
 extern ScanEdge* EdgeEndTable[scanlineCount];
 
-// The ends of every list. They bound the drawn rectangle and belong to the background. Every walk stops at them by
-// address, so that an edge which a rounding error has put beyond them does no harm.
+// The two ends of the active edge list; the right one also ends every start list. They stand at the sides of the drawn
+// rectangle and belong to the background polygon. Loops recognise them by address, not by x, so that an edge which a
+// rounding error has put beyond them does no harm.
 extern ScanEdge LeftGuardEdge;
 extern ScanEdge RightGuardEdge;
 
-// Sets the guards for a frame: one pixel left of the rectangle, and at its right edge.
+// Sets the guards for a frame: one pixel left of the rectangle, and at its right side.
 void setGuardEdges(const DrawnRectangle& drawn, ScreenPolygon* background);
 
-// Empties the pool, and the lists of every row of the rectangle.
+// Empties the pool and the lists of all rows of the rectangle.
 void ResetEdgeTable(const DrawnRectangle& drawn);
 
 // How adding a polygon's edges ended.
 enum class EdgePass : i32 {
     done = 0,
-    poolGrew = 1,   // nothing more was added: begin the edge pass again
-    poolRefused = 2 // the host gave no memory: abandon the frame
+    poolGrew = 1,   // the polygon is not complete, and the caller must start the edge pass again
+    poolRefused = 2 // the host gave no memory, and the caller must abandon the frame
 };
 
-// Puts every side of one polygon into the table. Sides are cut to the rows of the rectangle.
+// Adds the sides of a polygon to the table, each cut to the rows of the rectangle. A side that covers none of these
+// rows is left out.
 EdgePass AddPolygonEdges(HostContext& context, const DrawnRectangle& drawn, ScreenPolygon* polygon);
 
 } // namespace kardeno

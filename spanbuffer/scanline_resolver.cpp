@@ -12,14 +12,14 @@ constinit ScreenPolygon BackgroundPolygon = {};
 
 namespace {
 
-// Where the walk stands. `memory` turns false when a span could not be stored.
+// The walk along the current row.
 struct RowWalk {
     HostContext& context;
     const DrawnRectangle& drawn;
     const ScanlineTables& tables;
     i32 row;
-    f32 y;
-    bool memory;
+    f32 y;       // screen y at which depths are compared
+    bool memory; // turns false when a span cannot be stored, which ends the walk
 };
 
 i32 columnOf(i32 fixedX)
@@ -27,7 +27,7 @@ i32 columnOf(i32 fixedX)
     return fixedX >> 16;
 }
 
-// Ends the polygon's visible run at a column. What lies outside the drawn rectangle is cut off.
+// Ends the polygon's visible run before a column and makes a span of it, without what lies outside the drawn rectangle.
 void closeRun(RowWalk& walk, ScreenPolygon& polygon, i32 column)
 {
     const i32 x = polygon.engineWord < walk.drawn.left ? walk.drawn.left : polygon.engineWord;
@@ -41,6 +41,7 @@ void openRun(ScreenPolygon& polygon, i32 column)
     polygon.engineWord = column;
 }
 
+// Puts a polygon into the depth stack where the walk passes its entering edge.
 void enter(RowWalk& walk, ScreenPolygon& polygon, i32 edgeX)
 {
     // Intended: depths are compared one whole pixel right of the edge, not at it.
@@ -57,14 +58,14 @@ void enter(RowWalk& walk, ScreenPolygon& polygon, i32 edgeX)
     under->above = &polygon;
 
     if (!under->engineFlag) {
-        polygon.engineFlag = 0; // something that occludes lies above `under`, and so above this polygon
+        polygon.engineFlag = 0; // a polygon that hides `under` lies above it, and so above this polygon too
         return;
     }
     const i32 column = columnOf(edgeX);
     openRun(polygon, column);
     if (!polygon.occludes) return;
 
-    // What was visible down to the first occluding polygon is now hidden.
+    // The polygons below that were visible, down to the first one that occludes, are now hidden.
     ScreenPolygon* hidden = under;
     do {
         closeRun(walk, *hidden, column);
@@ -74,6 +75,7 @@ void enter(RowWalk& walk, ScreenPolygon& polygon, i32 edgeX)
     } while (hidden->engineFlag);
 }
 
+// Takes a polygon out of the depth stack where the walk passes its leaving edge.
 void leave(RowWalk& walk, ScreenPolygon& polygon, i32 edgeX)
 {
     if (polygon.engineFlag) {
@@ -81,7 +83,7 @@ void leave(RowWalk& walk, ScreenPolygon& polygon, i32 edgeX)
         closeRun(walk, polygon, column);
         if (!walk.memory) return;
 
-        // What only this polygon hid comes to light: see-through ones down to the first that occludes.
+        // The polygons that only this one hid become visible, down to the first one that occludes.
         ScreenPolygon* revealed = polygon.below;
         if (!revealed->engineFlag) {
             openRun(*revealed, column);
@@ -95,7 +97,7 @@ void leave(RowWalk& walk, ScreenPolygon& polygon, i32 edgeX)
     polygon.below->above = polygon.above;
 }
 
-// Links the edges that start on the row into the active list, in one forward walk over both.
+// Merges the edges that start on the row into the active edge list, in one forward walk over both sorted lists.
 void mergeStartingEdges(const ScanlineTables& tables, i32 row)
 {
     ScanEdge* cursor = tables.leftGuard->next;
@@ -111,7 +113,7 @@ void mergeStartingEdges(const ScanlineTables& tables, i32 row)
     }
 }
 
-// Enters and leaves polygons along the row. The right guard closes the background's run.
+// Enters and leaves polygons along the row. The right guard is the background's leaving edge and ends its run.
 void walkActiveEdges(RowWalk& walk)
 {
     ScreenPolygon& background = *walk.tables.background;
@@ -151,7 +153,7 @@ void swapWithPrevious(ScanEdge* edge)
     after->prev = previous;
 }
 
-// Moves every edge to the next row; an insertion sort, one place at a time, puts right what has crossed.
+// Moves the active edges to the next row. Edges may cross on the way, so an insertion sort keeps the list in order.
 void stepEdges(const ScanlineTables& tables)
 {
     ScanEdge* edge = tables.leftGuard->next;

@@ -15,7 +15,7 @@ bool growSpanPool(HostContext& context)
     void* const block = context.realloc(SpanPool.spans, bytes);
     if (!block) {
         // Intended: the capacity stays raised and the stored base moves back by one step's bytes; the edge pool
-        // recovers in another way. The spans made so far stay where `held` says.
+        // recovers in another way. The spans made so far stay in the block that `held` points at.
         SpanPool.spans =
             reinterpret_cast<Span*>(reinterpret_cast<uintptr_t>(SpanPool.spans) - spanPoolGrowth * sizeof(Span));
         return false;

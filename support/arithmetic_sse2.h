@@ -1,5 +1,5 @@
-// The SSE2 form of the truncating conversion. The instruction's answer to everything that does not fit,
-// -2,147,483,648, is the very rule of this renderer, so that no range test is needed around it.
+// The SSE2 form of the truncating conversion. For everything that does not fit in an i32 the instruction gives
+// -2,147,483,648, as the renderer's rule demands, so it needs no range test.
 #pragma once
 
 #include "kardeno_soft/types.h"

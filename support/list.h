@@ -1,4 +1,5 @@
-// A list of types, unrolled at compile time: vertex formats list their attributes, planes what they carry.
+// A list of types that is unrolled at compile time. A vertex format lists its attributes, and a clip plane lists the
+// coordinates that it interpolates.
 #pragma once
 
 namespace kardeno {

@@ -1,11 +1,12 @@
-/* The host's records, as they lie in the host's memory: the contract between a host and the renderer.
+/* The host's records as they lie in the host's memory. They are the contract between a host and the renderer.
 
-   The renderer keeps no scene. It reads these records in place, through fixed byte offsets and 32-bit pointers, and
-   writes only the fields marked "written by the renderer". Bytes inside a gap belong to the host and are never touched.
-   A host may append whatever it likes to a record: only HostContext, TextureImage and the vertex arrays have a meaning
-   beyond their last named field.
+   The renderer keeps no scene of its own. It reads these records in place, at fixed byte offsets, and writes only the
+   fields that are marked "written by the renderer". Bytes inside a gap belong to the host and are never touched. A host
+   may append fields of its own to a record, unless the size of the record counts: CameraVertex, ScreenVertex,
+   VertexShade and TexCoord are elements of arrays, MaterialColour lies inside SceneMaterial, and the texels follow
+   TextureImage.
 
-   Plain C as well as C++. A host in C++ finds everything in namespace kardeno. */
+   The header is plain C as well as C++. In C++ everything lies in namespace kardeno. */
 #pragma once
 
 #include "types.h"
@@ -13,7 +14,7 @@
 #include <assert.h>
 #include <stddef.h>
 
-/* The place of a field and the size of a record, in bytes: where pointers have 32 bits, and where they have 64. */
+/* These assert the place of a field and the size of a record, in bytes, with 32-bit and with 64-bit pointers. */
 #define KARDENO_OFFSET(record, field, at32, at64)                                                                      \
     static_assert(offsetof(record, field) == (sizeof(void*) == 4 ? (at32) : (at64)), "")
 #define KARDENO_SIZE(record, size32, size64)                                                                           \
@@ -45,7 +46,7 @@ typedef struct ScreenVertex ScreenVertex;
 typedef struct VertexShade VertexShade;
 typedef struct TexCoord TexCoord;
 
-/* A vertex in camera space: X to the right, Y up, Z away from the eye. */
+/* A vertex in camera space: X points right, Y up and Z away from the eye. */
 struct CameraVertex {
     f32 x, y, z;
 };
@@ -54,7 +55,7 @@ KARDENO_OFFSET(CameraVertex, x, 0, 0);
 KARDENO_OFFSET(CameraVertex, y, 4, 4);
 KARDENO_OFFSET(CameraVertex, z, 8, 8);
 
-/* A projected vertex: pixels, y pointing down, and 1/Z. */
+/* A projected vertex: its place on the screen in pixels, with y pointing down, and its inverse depth 1 / Z. */
 struct ScreenVertex {
     f32 x, y, invDepth;
 };
@@ -63,10 +64,10 @@ KARDENO_OFFSET(ScreenVertex, x, 0, 0);
 KARDENO_OFFSET(ScreenVertex, y, 4, 4);
 KARDENO_OFFSET(ScreenVertex, invDepth, 8, 8);
 
-/* What the host's lighting callback leaves for a vertex. */
+/* The light at a vertex, as the host's `light` callback leaves it. */
 struct VertexShade {
-    f32 red, green, blue; /* 0 to 255; read by the two colour-interpolating rows only */
-    f32 intensity;        /* in quarter levels of the 64-level shade ramp: 0 to 255 */
+    f32 red, green, blue; /* 0 to 255; read only by the two rows that interpolate colours */
+    f32 intensity;        /* 0 to 255; a quarter of it is the level in the shade ramp of 64 levels */
 };
 KARDENO_SIZE(VertexShade, 16, 16);
 KARDENO_OFFSET(VertexShade, red, 0, 0);
@@ -74,7 +75,7 @@ KARDENO_OFFSET(VertexShade, green, 4, 4);
 KARDENO_OFFSET(VertexShade, blue, 8, 8);
 KARDENO_OFFSET(VertexShade, intensity, 12, 12);
 
-/* Texture coordinates of a corner: 0 to 1 spans the image. */
+/* The texture coordinates of a corner. The image spans 0 to 1 in both directions. */
 struct TexCoord {
     f32 u, v;
 };
@@ -82,10 +83,11 @@ KARDENO_SIZE(TexCoord, 8, 8);
 KARDENO_OFFSET(TexCoord, u, 0, 0);
 KARDENO_OFFSET(TexCoord, v, 4, 4);
 
-/* Plane bits of a vertex; a bit that is set means INSIDE that plane. The host fills them for its vertices. */
+/* The outcode of a vertex has a bit for each clip plane. A bit that is set means that the vertex lies INSIDE that
+   plane. The host fills the outcodes of its vertices. */
 enum {
-    outcodeNear = 0x01,   /* in front of the near plane: Z >= nearZ */
-    outcodeFar = 0x02,    /* before the far plane: Z <= farZ */
+    outcodeNear = 0x01,   /* Z >= nearZ */
+    outcodeFar = 0x02,    /* Z <= farZ */
     outcodeLeft = 0x04,   /* screen x >= left, or X >= -Z in camera space */
     outcodeRight = 0x08,  /* screen x <= right, or X <= Z */
     outcodeTop = 0x10,    /* screen y >= top, or Y <= Z */
@@ -93,7 +95,8 @@ enum {
     outcodeAll = 0x3f
 };
 
-/* The host's services and vertex arrays, handed over once; it must live as long as the renderer is used. */
+/* The host's services and its vertex arrays, handed over at initialisation. The record must live as long as the
+   renderer is used. */
 struct HostContext {
     u8 gap0[4];
     const CameraVertex* cameraVertices; /* written by the host's prepareVertices */
@@ -101,10 +104,10 @@ struct HostContext {
     u8 gap12[4];
     const VertexShade* vertexShades; /* written by the host's light */
     const u32* vertexOutcodes;       /* written by the host's prepareVertices */
-    u32* vertexStamps;               /* written by the renderer: projectionStamp at which screenVertices was computed */
+    u32* vertexStamps; /* written by the renderer: the projectionStamp under which a vertex was projected */
     u8 gap28[16];
     void* (*alloc)(u32 count, u32 size);      /* zero-filled; 0 on failure */
-    void* (*realloc)(void* block, u32 bytes); /* a null block allocates; 0 on failure, the block staying valid */
+    void* (*realloc)(void* block, u32 bytes); /* a null block allocates; 0 on failure, which leaves the block valid */
     void (*free)(void* block);
     u8 gap56[296];
     i32 bitsPerPixel; /* 16: RGB 5-6-5; 15: RGB 5-5-5 */
@@ -122,7 +125,7 @@ KARDENO_OFFSET(HostContext, free, 52, 88);
 KARDENO_OFFSET(HostContext, bitsPerPixel, 352, 392);
 KARDENO_OFFSET(HostContext, projectionStamp, 16832, 16872);
 
-/* What a frame or a pick looks through. */
+/* The view that a frame or a pick is made of: the objects, the camera and the drawn rectangle. */
 struct RenderView {
     SceneObject* firstObject; /* first root; further roots follow through nextRoot */
     u8 gap4[16];
@@ -134,7 +137,7 @@ struct RenderView {
     f32 nearZ;
     f32 farZ; /* also the starting depth of a pick */
     u8 gap56[4];
-    i32 pitch; /* frame-buffer row length in pixels */
+    i32 pitch; /* length of a frame-buffer row in pixels */
     const ViewProjection* projection;
 };
 KARDENO_OFFSET(RenderView, firstObject, 0, 0);
@@ -146,7 +149,8 @@ KARDENO_OFFSET(RenderView, farZ, 52, 60);
 KARDENO_OFFSET(RenderView, pitch, 60, 68);
 KARDENO_OFFSET(RenderView, projection, 64, 72);
 
-/* Screen x = centreX + scaleX X / Z; screen y = centreY - scaleY Y / Z. The host fills all ten. */
+/* The perspective projection: screen x is centreX + scaleX * X / Z, and screen y is centreY - scaleY * Y / Z. The host
+   fills all ten fields. */
 struct ViewProjection {
     f32 right;  /* right edge in pixels, at most 32,767 */
     f32 bottom; /* scanlines run while y < bottom, at most 4,096 */
@@ -188,16 +192,16 @@ struct SceneObject {
     SceneObject* nextSibling;
     SceneObject* nextRoot; /* only followed from the view's firstObject */
     u8 gap48[12];
-    i32 partOfGroup; /* nonzero: drawn with the enclosing group object */
+    i32 partOfGroup; /* nonzero: the object is drawn with the group object that encloses it */
     u8 gap64[16];
     i32 faceCount;
     SceneFace** faces;
     u8 gap88[4];
-    i32 visible; /* set by the host's testBounds; written by the renderer for group objects */
+    i32 visible; /* set by the host's testBounds; that of a group is also written by the renderer */
     u8 gap96[8];
     MaterialNode* materials; /* the materials that the object uses */
     u8 gap108[112];
-    const i32* groupFlag; /* the value is nonzero when the object is a group */
+    const i32* groupFlag; /* points at a value that is nonzero when the object is a group */
     u8 gap224[4];
     ObjectClass* objectClass;
 };
@@ -212,6 +216,7 @@ KARDENO_OFFSET(SceneObject, materials, 104, 128);
 KARDENO_OFFSET(SceneObject, groupFlag, 220, 248);
 KARDENO_OFFSET(SceneObject, objectClass, 228, 264);
 
+/* A node of the linked list of materials that an object uses. */
 struct MaterialNode {
     SceneMaterial* material;
     MaterialNode* next;
@@ -220,18 +225,20 @@ KARDENO_SIZE(MaterialNode, 8, 16);
 KARDENO_OFFSET(MaterialNode, material, 0, 0);
 KARDENO_OFFSET(MaterialNode, next, 4, 8);
 
+/* The class of an object, through which the renderer finds the object's functions. */
 struct ObjectClass {
     u8 gap0[108];
     const ObjectFunctions* functions;
 };
 KARDENO_OFFSET(ObjectClass, functions, 108, 112);
 
-/* The host's functions of an object. "drawn" is the object whose geometry is drawn: what selectLevel chose. */
+/* The functions that the host provides for an object. `drawn` is the object that selectLevel chose: its geometry is
+   drawn. */
 struct ObjectFunctions {
     u8 gap0[12];
     void (*update)(SceneObject* object);
     void (*transform)(SceneObject* object, RenderView* view);
-    SceneObject* (*selectLevel)(SceneObject* object, RenderView* view);            /* 0: the object itself */
+    SceneObject* (*selectLevel)(SceneObject* object, RenderView* view);            /* 0 means the object itself */
     void (*testBounds)(SceneObject* drawn, SceneObject* object, RenderView* view); /* sets the object's `visible` */
     void (*light)(SceneObject* drawn, SceneObject* object, RenderView* view);      /* fills vertexShades */
     u8 gap32[4];
@@ -249,17 +256,18 @@ struct FaceTest {
 };
 KARDENO_OFFSET(FaceTest, test, 0, 0);
 
-/* One convex polygon of an object: 3 to 10 corners, counter-clockwise on the screen when it is to be seen. */
+/* One convex polygon of an object. It has 3 to 10 corners and is seen only from the side on which they run
+   counter-clockwise on the screen. */
 struct SceneFace {
     i32 vertexCount;
-    const i32* vertexIndices;
+    const i32* vertexIndices;  /* one per corner, into the vertex arrays of HostContext */
     const TexCoord* texCoords; /* one per corner */
     u8 gap12[8];
     SceneMaterial* material;
     u8 gap24[16];
-    f32 normalX, normalY, normalZ; /* plane normal in camera space */
+    f32 normalX, normalY, normalZ; /* normal of the face's plane in camera space, of any length */
     u8 gap52[8];
-    u16* faceColour; /* the face's flat colour, in a block of the renderer; random at first, a host may store another */
+    u16* faceColour; /* written by the renderer: a block that holds a random flat colour, which the host may change */
     const FaceTest* faceTest;
 };
 KARDENO_OFFSET(SceneFace, vertexCount, 0, 0);
@@ -289,15 +297,15 @@ struct SceneMaterial {
     MaterialColour diffuseColour;
     MaterialColour specularColour;
     MaterialColour tintColour;
-    i32 shininess;     /* percent; the highlight takes 32 - 28 shininess / 100 of the 64 ramp levels */
-    i32 specularLevel; /* percent; strength of the highlight at the top of the ramp */
-    i32 transparency;  /* 0 opaque; 50 half transparent; anything else another transparency */
-    i32 shadingMode;   /* 1, 2, 10 and 11 have a meaning */
+    i32 shininess;     /* percent; the highlight takes the top 32 - 28 * shininess / 100 of the 64 ramp levels */
+    i32 specularLevel; /* percent; the strength of the highlight at the top of the ramp */
+    i32 transparency;  /* 0: opaque; 50: half transparent; any other value selects a fallback row */
+    i32 shadingMode;   /* 1: colour key; 2: additive; 10 and 11: additive billboard; others mean nothing */
     u8 gap84[8];
-    TextureMap* textureMap; /* or 0 */
+    TextureMap* textureMap; /* 0 for a material without a texture */
     u8 gap96[12];
     MaterialFlags* materialFlags;
-    MaterialPrivate* renderPrivate; /* written and owned by the renderer */
+    MaterialPrivate* renderPrivate; /* written by the renderer, which owns the record */
 };
 KARDENO_OFFSET(SceneMaterial, ambientColour, 44, 44);
 KARDENO_OFFSET(SceneMaterial, diffuseColour, 50, 50);
@@ -320,7 +328,7 @@ KARDENO_OFFSET(MaterialFlags, flags, 4, 4);
 struct TextureMap {
     u8 gap0[51];
     u8 transparentIndex;   /* palette index that the colour-keyed lit filler leaves undrawn */
-    u16 transparentColour; /* the same for 16-bit texels, in the colour-keyed unlit filler */
+    u16 transparentColour; /* texel that the colour-keyed unlit filler leaves undrawn */
     u8 gap54[2];
     TextureImage* image;
     const u8* palette; /* 256 x { blue, green, red, unused } */
@@ -330,12 +338,12 @@ KARDENO_OFFSET(TextureMap, transparentColour, 52, 52);
 KARDENO_OFFSET(TextureMap, image, 56, 56);
 KARDENO_OFFSET(TextureMap, palette, 60, 64);
 
-/* An image, its texels following it row after row: u8 palette indices when bitsPerTexel is 8, else u16 pixels in the
-   frame buffer's format. Width and height are powers of two. */
+/* The head of an image, whose texels follow it row after row. A texel is a u8 palette index when bitsPerTexel is 8, and
+   otherwise a u16 pixel in the frame buffer's format. Width and height are powers of two. */
 struct TextureImage {
     u32 bitsPerTexel;
     u8 gap4[8];
-    u32 is256x256; /* nonzero: the map is 256 x 256, and each coordinate wraps by itself */
+    u32 is256x256; /* nonzero: the image is 256 x 256, and each coordinate wraps by itself */
     u32 indexMask; /* width x height - 1 */
     u32 rowShift;  /* log2 of the width */
     f32 width;     /* texels */

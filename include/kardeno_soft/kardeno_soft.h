@@ -1,10 +1,11 @@
-/* kardeno_soft: a software 3D renderer in a dynamic library. This is the header that a host includes; with the host's
-   records it is all that a host needs.
+/* kardeno_soft is a software 3D renderer in a dynamic library. This is the only header that a host includes.
 
-   Load the library by file name, look the 28 functions up by their plain names, call Kardeno_Init_Render_Dll once, then
-   anything in any order, one call at a time: there is one renderer for a process, it keeps its state in globals, and
-   none of the functions may be called from inside a host callback. All use the C calling convention (the caller pops
-   the arguments), and all accept a stack that is aligned to 4 bytes only. A function that can fail answers 0. */
+   A host loads the library by file name, looks the 28 functions up by their plain names and calls
+   Kardeno_Init_Render_Dll. From then on it may call the functions in any order. There is one renderer in a process,
+   which keeps its state in globals: only one call may run at a time, and none may be made from inside a host callback.
+
+   All functions use the C calling convention (the caller pops the arguments) and accept a stack that is aligned to no
+   more than 4 bytes. A function that can fail returns 0 when it does. */
 #pragma once
 
 #include "host_records.h"
@@ -23,39 +24,44 @@ namespace kardeno {
 extern "C" {
 #endif
 
-/* Keeps the context (borrowed, for ever), fills the render-mode table and builds the colour tables for its
-   bitsPerPixel. Calling it again replaces the context; materials keep their modes. Always 1. */
+/* Initialises the renderer and returns 1. The context is kept by its address, so it must live as long as the renderer
+   is used. The render-mode table is filled, and the colour tables are built for the context's bitsPerPixel. Another
+   call replaces the context; materials keep their rows. */
 KARDENO_EXPORT i32 Kardeno_Init_Render_Dll(HostContext* context);
 
-/* Draws one frame. Pixel (x, y) is frameBuffer[y * view->pitch + x]; only the rectangle of the view is written.
-   `argument` is passed on to the span fillers, which ignore it. flags bit 0: clear what no polygon covers to 0.
-   Does nothing when view->camera is 0. */
+/* Draws one frame. Pixel (x, y) is frameBuffer[y * view->pitch + x], and only pixels in the view's rectangle are
+   written. `argument` is passed on to the span fillers, which ignore it. When bit 0 of `flags` is set, pixels that no
+   polygon covers become 0. The call does nothing when view->camera is 0, and draws nothing when the rectangle is out of
+   its limits or the host refuses the memory for the edges. */
 KARDENO_EXPORT void Kardeno_Render_Dll(RenderView* view, u16* frameBuffer, u32 argument, u8 flags);
 
-/* The object whose face lies nearest under the screen point (x, y), or 0. *faceIndex is the face's index in the drawn
-   geometry of that object (0 without a hit), *depth its camera-space Z there (farZ without a hit). */
+/* Returns the object whose face lies nearest under the screen point (x, y), or 0 when there is none. Sets *faceIndex to
+   the index of that face in the object's drawn geometry (0 without a hit) and *depth to the camera-space Z of the face
+   at the point (farZ without a hit). Writes nothing when view->camera is 0. */
 KARDENO_EXPORT SceneObject* Kardeno_Pick_Dll(RenderView* view, f32 x, f32 y, i32* faceIndex, f32* depth);
 
-/* Gives a material its private record; 0 when it cannot be allocated. */
+/* Gives a material its private record. Returns 0 when the record cannot be allocated. */
 KARDENO_EXPORT i32 Kardeno_Add_Material_Dll(SceneMaterial* material);
-/* Frees the material's shade ramp and private record. The pointers to them are not cleared. */
+/* Frees the material's shade ramp and its private record. The pointer renderPrivate is not cleared. */
 KARDENO_EXPORT void Kardeno_Release_Material_Dll(SceneMaterial* material);
-/* Refills the shade ramp, if there is one, after a change of colours or palette. */
+/* Refills the material's shade ramp, if it has one. A host calls this after it changed colours or the palette. */
 KARDENO_EXPORT void Kardeno_Update_Material_Dll(SceneMaterial* material);
-/* Chooses how the material is drawn. 0: unlit; 1 or 2: lit; others: flat fallbacks. 0 when a shade ramp was needed and
-   could not be allocated, and for a material that was never added. */
+/* Recomputes the material's flag word and chooses how the material is drawn: state 0 is unlit, 1 and 2 are lit, and all
+   others are flat fallbacks. Returns 0, and leaves the row as it was, when a shade ramp is needed and cannot be
+   allocated, and for a material that was never added. */
 KARDENO_EXPORT i32 Kardeno_Set_Material_Render_State_Dll(SceneMaterial* material, i32 state);
-/* The render state most recently chosen with the material's row; rows are shared by all materials that select them. */
+/* Returns the render state most recently chosen with the material's row, or 0 for a material without a row. All
+   materials that select a row share it, so the state may have come with another material. */
 KARDENO_EXPORT i32 Kardeno_Get_Material_Render_State_Dll(const SceneMaterial* material);
-/* Recomputes the material's flag word, and nothing else. */
+/* Recomputes the material's flag word and does nothing else. */
 KARDENO_EXPORT void Kardeno_Set_Material_Fct_Dll(SceneMaterial* material);
 
-/* Gives a face its random flat colour; 0 when it cannot be allocated. */
+/* Gives a face a block of memory with a random flat colour. Returns 0 when the block cannot be allocated. */
 KARDENO_EXPORT i32 Kardeno_Add_Face_Dll(SceneFace* face);
-/* Frees the face's flat colour. The pointer is not cleared. */
+/* Frees the block of the face's flat colour. The pointer faceColour is not cleared. */
 KARDENO_EXPORT void Kardeno_Release_Face_Dll(SceneFace* face);
 
-/* The renderer keeps nothing for these records. Adding one always gives 1; releasing or updating one does nothing. */
+/* The renderer keeps nothing for these records. Adding one returns 1; releasing or updating one does nothing. */
 KARDENO_EXPORT i32 Kardeno_Add_Animation_Dll(const void* record);
 KARDENO_EXPORT i32 Kardeno_Add_Camera_Dll(const void* record);
 KARDENO_EXPORT i32 Kardeno_Add_Light_Dll(const void* record);
@@ -69,7 +75,7 @@ KARDENO_EXPORT void Kardeno_Release_Light_Dll(const void* record);
 KARDENO_EXPORT void Kardeno_Release_Light_Map_Dll(const void* record);
 KARDENO_EXPORT void Kardeno_Release_Map_Dll(const void* record);
 KARDENO_EXPORT void Kardeno_Release_Object_Dll(const void* record);
-/* Frees nothing: the frame's lists and pools last until the library is unloaded. */
+/* Frees nothing: the renderer keeps its polygon lists and pools for as long as it is loaded. */
 KARDENO_EXPORT void Kardeno_Release_Render_Dll(const void* record);
 KARDENO_EXPORT void Kardeno_Release_Spot_Light_Dll(const void* record);
 KARDENO_EXPORT void Kardeno_Update_Light_Map_Dll(const void* record);

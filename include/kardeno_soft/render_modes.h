@@ -1,14 +1,15 @@
-/* How a material is drawn: the render-mode table, twenty rows of routines that lie one after another in memory, and the
-   renderer's private record on a material, which points at one of them.
+/* How a material is drawn. The render-mode table has twenty rows of routines, which lie one after another in memory.
+   The renderer's private record of a material points at one of them.
 
-   A host chooses a row by Kardeno_Set_Material_Render_State_Dll and needs none of this. Two rows are chosen by no
-   render state, rowSpareA and rowSpareB. A host reaches them by moving the pointer itself: set a render state, then
+   A host chooses a row through Kardeno_Set_Material_Render_State_Dll and then needs nothing from this header. But no
+   render state chooses rowSpareA or rowSpareB. A host that wants one of them sets any render state and then moves the
+   pointer itself:
 
        material->renderPrivate->mode += rowSpareA - rowOfThatState;
 
    The order of the rows, their size and the place of `mode` are promised for that purpose.
 
-   Plain C as well as C++. A host in C++ finds everything in namespace kardeno. */
+   The header is plain C as well as C++. In C++ everything lies in namespace kardeno. */
 #pragma once
 
 #include "host_records.h"
@@ -21,11 +22,12 @@ typedef struct ScreenPolygon ScreenPolygon; /* the renderer's own */
 typedef struct RenderMode RenderMode;
 typedef struct ClipperFamily ClipperFamily;
 
-/* Turns a face that passed the host's test into a screen polygon of one of the frame's lists, or into nothing. */
+/* Turns a face that passed the host's test into a screen polygon and appends it to one of the frame's lists. A face of
+   which nothing is in view is dropped. */
 typedef void (*EmitRoutine)(const RenderView* view, const SceneFace* face);
-/* Cuts a polygon at one plane, in place. */
+/* Clips a polygon against one plane, in place. */
 typedef void (*ClipRoutine)(const RenderView* view, ScreenPolygon* polygon);
-/* Draws the polygon's visible spans. Pixel (x, y) is frameBuffer[y * pitch + x]; the argument is read by no filler. */
+/* Draws a polygon's visible spans. Pixel (x, y) is frameBuffer[y * pitch + x]. No filler reads the argument. */
 typedef void (*FillRoutine)(const ScreenPolygon* polygon, u16* frameBuffer, u32 argument, u32 pitch);
 
 /* The six clippers of a vertex format, in the order in which a row holds them. */
@@ -38,7 +40,8 @@ struct ClipperFamily {
     ClipRoutine topPlane;
 };
 
-/* A row is a chain: an emission routine, the six plane clippers that it calls, and the span filler of the result. */
+/* A row of the table: an emission routine, the six plane clippers that it calls, and the filler that draws the result.
+   */
 struct RenderMode {
     i32 state; /* the render state most recently chosen with this row, by whichever material */
     EmitRoutine emit;
@@ -59,7 +62,7 @@ KARDENO_OFFSET(RenderMode, fill, 32, 64);
 /* A ramp entry holds a 16-bit pixel in its upper half. */
 typedef u32 RampEntry;
 
-/* The renderer's record on a material, allocated zero-filled through the host. */
+/* The renderer's private record of a material, which it allocates through the host, filled with zeros. */
 struct MaterialPrivate {
     RenderMode* mode;     /* 0 until a render state is first chosen */
     RampEntry* shadeRamp; /* 0 until a row first needs it; keeps its size for the material's life */
@@ -88,8 +91,8 @@ typedef enum RenderModeRow {
     rowLitTexturedTranslucent,
     rowLitTexturedShade1Translucent,
     rowLitTexturedShade2,
-    rowSpareA, /* a colour for each vertex */
-    rowSpareB, /* a colour for each vertex over a texture map of 16-bit texels */
+    rowSpareA, /* interpolates the colours of the vertices */
+    rowSpareB, /* scales the 16-bit texels of a texture map by the interpolated colours */
     renderModeRowCount
 } RenderModeRow;
 

@@ -1,5 +1,5 @@
-/* Widths of the renderer's numbers. They are part of the contract with the host: a record never says `int` or `float`.
-   Plain C as well as C++, because the host's records are. */
+/* The number types of the renderer. Their widths are part of the contract with the host: a record never says `int` or
+   `float`. The header is plain C as well as C++, like the host's records. */
 #pragma once
 
 #include <stdint.h>
@@ -13,7 +13,7 @@ typedef uint16_t u16;
 typedef uint32_t u32;
 typedef int32_t i32;
 typedef float f32;  /* IEEE single */
-typedef double f64; /* IEEE double: every formula is evaluated in it, and rounded once, where it is stored */
+typedef double f64; /* IEEE double: formulas are evaluated in it and rounded once, where they are stored */
 
 #ifdef __cplusplus
 }
