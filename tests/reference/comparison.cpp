@@ -196,6 +196,7 @@ Compared compareScenes(u32 firstSeed, u32 count, const SceneChoice& choice)
                     compared.spans += static_cast<i32>(polygon.spans.size());
                 }
             }
+            compared.latePolygons += static_cast<i32>(scene.model.lists.lateSorted.size());
             for (i32 pick = 0; pick < picksOfFrame && difference.empty(); ++pick) {
                 const Corner point = randomPoint(scene);
                 difference = comparePicks(scene, point.x, point.y);
