@@ -165,6 +165,30 @@ TEST_CASE("the clear uses the view's pitch")
     CHECK(pixels == std::vector<u16>{0, 0, 7, 7, 7, 0, 0, 7, 7, 7, 0, 0, 7, 7, 7});
 }
 
+TEST_CASE("with a pitch of 0 all rows fall on one; with a negative one they run upward")
+{
+    TestHost host;
+    TestScene scene(host, {.right = 4, .bottom = 3});
+    TestMaterial& material = scene.addMaterial();
+    material.diffuseColour.packed = 0x1234;
+    scene.addFace(scene.addRoot(), material, TestScene::rectangle(1, 1, 3, 3));
+    std::vector<u16> pixels(32, 7);
+
+    scene.view.record.pitch = 0;
+    Kardeno_Render_Dll(&scene.view.record, &pixels[8], 0, 0);
+    std::vector<u16> expected(32, 7);
+    expected[9] = expected[10] = 0x1234;
+    CHECK((pixels == expected));
+
+    // Row 0 from element 20 on, row 1 from 14 and row 2 from 8.
+    pixels.assign(32, 7);
+    scene.view.record.pitch = -6;
+    Kardeno_Render_Dll(&scene.view.record, &pixels[20], 0, 0);
+    expected.assign(32, 7);
+    expected[15] = expected[16] = expected[9] = expected[10] = 0x1234;
+    CHECK((pixels == expected));
+}
+
 TEST_CASE("every filler is given the frame buffer, the caller's argument and the view's pitch")
 {
     TestHost host;

@@ -123,15 +123,22 @@ TEST_CASE("a top of minus zero is a top of zero")
 
 TEST_CASE("a rectangle that ends before it begins is walked, and nothing is drawn")
 {
-    for (const Bound& bound : {Bound{Side::right, -5},
+    // From 2^31 on no integer says where the rectangle begins.
+    for (const Bound& bound : {Bound{Side::right, 0},
+                               {Side::right, -5},
                                {Side::right, -largest},
+                               {Side::bottom, 0},
                                {Side::bottom, -5},
                                {Side::bottom, -largest},
                                {Side::left, 17},
                                {Side::left, 100000},
+                               {Side::left, 2147483648.0f},
+                               {Side::left, 1e30f},
                                {Side::left, largest},
                                {Side::top, 9},
                                {Side::top, 5000},
+                               {Side::top, 2147483648.0f},
+                               {Side::top, 1e30f},
                                {Side::top, largest}}) {
         CAPTURE(static_cast<i32>(bound.side));
         CAPTURE(bound.value);

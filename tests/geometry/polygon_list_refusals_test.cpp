@@ -13,7 +13,7 @@ using namespace kardeno::tests;
 
 namespace {
 
-constexpr u32 recordBytes = 1024;
+constexpr u32 recordBytes = sizeof(ScreenPolygon);
 constexpr u32 stepBytes = 512 * recordBytes;
 
 using Numbers = std::vector<i32>;

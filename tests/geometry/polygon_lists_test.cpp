@@ -8,7 +8,7 @@ using namespace kardeno::tests;
 
 namespace {
 
-constexpr u32 recordBytes = 1024;
+constexpr u32 recordBytes = sizeof(ScreenPolygon);
 
 // Emits the face so many times into a list.
 template <class TargetList>

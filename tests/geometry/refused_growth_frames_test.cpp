@@ -98,15 +98,6 @@ constexpr u16 nothing = 0;
 
 } // namespace
 
-TEST_CASE("without a refusal every face is drawn, growth or not")
-{
-    for (const bool moves : {true, false}) {
-        Dots dots(moves);
-        CHECK(dots.missing() == none);
-        CHECK(dots.missing() == none);
-    }
-}
-
 TEST_CASE("the list refused at its first growth costs one face, in that frame alone")
 {
     for (const bool moves : {true, false}) {

@@ -223,6 +223,14 @@ TEST_CASE("palette index 0 is never drawn by the colour-keyed lit half blend, wh
     }
 }
 
+TEST_CASE("palette index 0 is drawn by the lit half blend without a key")
+{
+    // Level 11 of index 0 is 0x0b00, of which the blend keeps 0x0300: (0x0300 + 0x2108) / 2.
+    RowScene scene(rowLitTexturedTranslucent, {.bitsPerTexel = 8, .destination = 0x2108, .texelThatIsZero = 0x5e}, 16,
+                   any, SetUp::flat);
+    CHECK(scene.drawn({{0, 4, 1}}, 1, 0, 4) == "11aa 11aa 1204 1233");
+}
+
 TEST_CASE("palette index 0 is drawn by the colour-keyed lit texture unless transparentIndex is 0")
 {
     const RowSettings five = {.bitsPerTexel = 8, .transparentIndex = 5, .texelThatIsZero = 0x5e};

@@ -101,22 +101,6 @@ TEST_CASE("the row UnlitTexturedShade2 adds the texture")
     // clang-format on
 }
 
-TEST_CASE("the row UnlitTexturedShade11 adds the texture as UnlitTexturedShade2 does")
-{
-    // clang-format off
-    checkRow(rowUnlitTexturedShade11, {.bitsPerTexel = 16, .destination = 0x4a52}, {
-        {in555, square, SetUp::flat,     "ffff ffff ffff ffff fe52 fe52 7fff 7ff4 | 6fff"},
-        {in565, square, SetUp::flat,     "afff afff 9fff 9fff 8652 8652 757f 7554 | 647f"},
-        {in555, any,    SetUp::flat,     "ffff ffff ffff ffff ff52 ff52 fe7f fe54 | 7fff"},
-        {in565, any,    SetUp::flat,     "afff afff 9fff 9fff 9752 9752 867f 8654 | 757f"},
-        {in555, square, SetUp::receding, "fe52 fff2 fff2 fff2 ffff ffff ffff ffff | fff4"},
-        {in565, square, SetUp::receding, "fe52 f552 f552 f552 f57f f57f f57f f57f | f554"},
-        {in555, any,    SetUp::receding, "fe52 fff2 fff2 fff2 fff2 ffff ffff ffff | 77ff"},
-        {in565, any,    SetUp::receding, "fe52 f552 f552 f552 f552 f57f f57f f57f | e47f"},
-    });
-    // clang-format on
-}
-
 TEST_CASE("the row UnlitPalettised draws palette indices at level 63, and truncates coordinates on any map")
 {
     // clang-format off

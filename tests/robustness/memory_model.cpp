@@ -20,14 +20,14 @@ void MemoryModel::complain(const std::string& what)
     if (complaint.empty()) complaint = what;
 }
 
-const void* MemoryModel::expectRealloc(const char* of, const void* block, i32 records, i32 size)
+const void* MemoryModel::expectRealloc(const char* of, const void* block, i32 records, u32 size)
 {
     if (nextCall >= calls->size()) {
         complain(std::string("no further call, but realloc was due for ") + of);
         return nullptr;
     }
     const ServiceCall& call = (*calls)[nextCall++];
-    const u32 bytes = static_cast<u32>(records * size);
+    const u32 bytes = static_cast<u32>(records) * size;
     if (call.kind != ServiceCall::realloc || call.block != block || call.bytes != bytes) {
         complain("call " + std::to_string(nextCall) + " is not the realloc to " + std::to_string(bytes)
                  + " bytes that was due for " + of + ", but kind " + std::to_string(call.kind) + " to "
@@ -68,7 +68,7 @@ bool MemoryModel::reserve(ModelList& list)
     const i32 count = static_cast<i32>(list.faces.size());
     if (list.capacity <= count) {
         list.capacity += listStep;
-        const void* const block = expectRealloc("a list", list.stored, list.capacity, 1024);
+        const void* const block = expectRealloc("a list", list.stored, list.capacity, sizeof(ScreenPolygon));
         if (block) {
             list.real = block;
             list.room = list.capacity;
@@ -96,7 +96,7 @@ bool MemoryModel::fileEdges(const GridScene& grid)
         for (i32 side = 0; side < 2 * down + 2 && !grown; ++side) {
             if (count >= edges.capacity) {
                 edges.capacity += poolStep;
-                const void* const block = expectRealloc("the edge pool", edges.real, edges.capacity, 32);
+                const void* const block = expectRealloc("the edge pool", edges.real, edges.capacity, sizeof(ScanEdge));
                 if (!block) {
                     edges.capacity -= poolStep;
                     return false;
@@ -119,7 +119,7 @@ i32 MemoryModel::storedRuns(i32 runs, bool& refused)
 {
     while (runs > spans.capacity) {
         const i32 capacity = spans.capacity + poolStep;
-        const void* const block = expectRealloc("the span pool", spans.real, capacity, 16);
+        const void* const block = expectRealloc("the span pool", spans.real, capacity, sizeof(Span));
         refused = !block;
         if (refused) return spans.capacity;
         spans.real = block;
@@ -188,7 +188,7 @@ void MemoryModel::compareRecords(bool spansRefused)
         complain("what is stored of the edge pool is not as the rules leave it");
 
     // A refused span pool keeps the raised capacity, and its base moves back by a step's bytes.
-    const uintptr_t base = reinterpret_cast<uintptr_t>(spans.real) - (spansRefused ? 65536u : 0u);
+    const uintptr_t base = reinterpret_cast<uintptr_t>(spans.real) - (spansRefused ? poolStep * sizeof(Span) : 0u);
     if (reinterpret_cast<uintptr_t>(SpanPool.spans) != base
         || SpanPool.capacity != spans.capacity + (spansRefused ? poolStep : 0))
         complain("what is stored of the span pool is not as the rules leave it");

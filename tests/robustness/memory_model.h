@@ -46,7 +46,7 @@ private:
     size_t nextCall;
 
     void complain(const std::string& what);
-    const void* expectRealloc(const char* of, const void* block, i32 records, i32 size);
+    const void* expectRealloc(const char* of, const void* block, i32 records, u32 size);
     void expectFree(const void* block);
 
     bool growSortArrays();

@@ -6,7 +6,7 @@
 using namespace kardeno;
 using namespace kardeno::tests;
 
-constexpr u32 stepBytes = 131072; // 4,096 records of 32 bytes
+constexpr u32 stepBytes = 4096 * u32{sizeof(ScanEdge)};
 
 // A rectangle whose sides are filed in the order horizontal, down, horizontal, up: an edge is the last.
 static void addEdgeLast(SpanScene& scene, f32 x, f32 y)

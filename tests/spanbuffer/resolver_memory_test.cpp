@@ -54,23 +54,6 @@ TEST_CASE("no row is walked after a refused growth, though the stored capacity s
     CHECK(background(1365).empty());
 }
 
-TEST_CASE("the frame after a refused growth is resolved as if nothing had happened")
-{
-    SpanScene scene(tall);
-    const ScreenPolygon& post = scene.addRectangle(10, 0, 20, 2000);
-    scene.host.refuse(3);
-    scene.resolve();
-    const void* const block = scene.host.calls[1].result;
-
-    scene.resolve();
-
-    REQUIRE(scene.host.calls.size() == 4);
-    CHECK(scene.host.calls[3].block == block);
-    CHECK(scene.host.calls[3].bytes == 131072);
-    CHECK(runsOf(post).size() == 2000);
-    CHECK(runsOf(BackgroundPolygon).size() == 4000);
-}
-
 TEST_CASE("a refusal while a polygon is entered leaves no trace in the next frame")
 {
     // 4 spans a row, so that the 4,096th is the last of row 1,023. The first of row 1,024 is the glass's, closed when the

@@ -6,7 +6,7 @@
 using namespace kardeno;
 using namespace kardeno::tests;
 
-constexpr u32 stepBytes = 65536; // 4,096 spans of 16 bytes
+constexpr u32 stepBytes = 4096 * u32{sizeof(Span)};
 
 static ScreenPolygon withoutSpans()
 {
