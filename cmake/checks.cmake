@@ -60,8 +60,9 @@ endif()
 
 add_test(NAME check_includes COMMAND ${tools}/check_includes)
 add_test(NAME check_behaviours COMMAND ${tools}/check_behaviours)
+add_test(NAME check_records COMMAND ${tools}/list_records --check)
 add_test(NAME check_words COMMAND ${tools}/check_words)
-add_test(NAME check_format COMMAND ${tools}/check_format --any-width tests --any-width tools/check_includes)
+add_test(NAME check_format COMMAND ${tools}/check_format)
 add_test(NAME check_tools COMMAND python3 -B -m unittest discover -s ${PROJECT_SOURCE_DIR}/tests/tools -p "*_test.py")
 
 add_header_check(check_headers_compile_alone headers_alone "")

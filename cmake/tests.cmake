@@ -51,11 +51,11 @@ list(FILTER support_sources EXCLUDE REGEX "_test\\.cpp$")
 add_library(test_support OBJECT ${support_sources})
 target_link_libraries(test_support PRIVATE test_code)
 
-# What nearly every test reads first, read once; each file still includes what it uses. The programs take this header over
-# as it is, so they are compiled with the options of test_support and no others.
+# What nearly every test reads first, read once; each file still includes what it uses. The programs take this header
+# over as it is, so they are compiled with the options of test_support and no others.
 target_precompile_headers(test_support PRIVATE
-    <doctest/doctest.h> <algorithm> <cmath> <cstdlib> <cstring> <deque> <functional> <limits> <memory> <ostream> <random>
-    <set> <string> <vector>)
+    <doctest/doctest.h> <algorithm> <cmath> <cstdlib> <cstring> <deque> <functional> <limits> <memory> <ostream>
+    <random> <set> <string> <vector>)
 # ccache keeps what was compiled with such a header only when it may trust the header's checksum.
 if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache$")
     set(test_launcher ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CMAKE_CXX_COMPILER_LAUNCHER})

@@ -1,14 +1,10 @@
-// Runs a WebAssembly program under node, for CMake as the emulator of the wasm32 build and for people.
-//
-//   node --no-warnings tools/run_wasm.mjs PROGRAM.wasm [ARG]...
-//
-// The program sees the machine's files under their own names, the current folder and the environment.
+// Runs a WebAssembly program (tools/run_wasm says how it is called). The program sees the machine's files under their own names, the current folder and the environment.
 import fs from 'node:fs';
 import { WASI } from 'node:wasi';
 
 const [, , program, ...args] = process.argv;
 if (!program) {
-    console.error('usage: node tools/run_wasm.mjs PROGRAM.wasm [ARG]...');
+    console.error('usage: tools/run_wasm PROGRAM [ARG]...');
     process.exit(2);
 }
 const wasi = new WASI({

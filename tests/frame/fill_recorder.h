@@ -1,5 +1,5 @@
-// Rows whose filler draws nothing and writes its call down: which polygons a frame hands to their fillers, in what order,
-// and with what arguments.
+// Rows whose filler draws nothing and writes its call down: which polygons a frame hands to their fillers, in what
+// order, and with what arguments.
 #pragma once
 
 #include "geometry/screen_polygon.h"

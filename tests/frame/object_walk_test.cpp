@@ -228,8 +228,8 @@ TEST_CASE("a part met outside any group is neither updated nor drawn, but its ch
                  "prepareVertices child", "test child0"});
 }
 
-// What stands beside an object shows in groups, whose selectLevel may answer with the group itself: then the counterpart
-// is drawn.
+// What stands beside an object shows in groups, whose selectLevel may answer with the group itself: then the
+// counterpart is drawn.
 
 TEST_CASE("beside the first child of a plain object stands the first child of its level")
 {

@@ -56,8 +56,8 @@ TEST_CASE("a see-through face blends over an opaque one, which hides the see-thr
     strip.add(50, 0x0010, columns(2, 14, 1)); // nearest
     strip.add(0, 0x0400, columns(4, 12, 2));
     strip.add(50, 0x8000, columns(0, 16, 4)); // farthest
-    // Over the cleared 0 the farthest is half of 0x8000, the nearest over that (0x4000 + 0x0010) / 2, and over the opaque
-    // one (0x0400 + 0x0010) / 2.
+    // Over the cleared 0 the farthest is half of 0x8000, the nearest over that (0x4000 + 0x0010) / 2, and over the
+    // opaque one (0x0400 + 0x0010) / 2.
     strip.drawsRows({0x4000, 0x4000, 0x2008, 0x2008, 0x0208, 0x0208, 0x0208, 0x0208, 0x0208, 0x0208, 0x0208, 0x0208,
                      0x2008, 0x2008, 0x4000, 0x4000},
                     1);

@@ -102,7 +102,8 @@ TEST_CASE("Intended: each corner keeps the inverse depth and texture coordinates
     REQUIRE(record != nullptr);
     CHECK(corners(*record) == Corners{{100, 100}, {100, 120}, {120, 120}, {120, 100}});
     CHECK(valuesOf(*record, record->invDepth) == Values{0.5f, 0.25f, 1, 0.125f});
-    // 64.3 x 256 / 2, 0.3 x 256 / 4, 0.3 x 256, 64.3 x 256 / 8; 0.3 x 256 / 2, 0.3 x 256 / 4, 32.3 x 256, 32.3 x 256 / 8.
+    // 64.3 x 256 / 2, 0.3 x 256 / 4, 0.3 x 256, 64.3 x 256 / 8; 0.3 x 256 / 2, 0.3 x 256 / 4, 32.3 x 256, 32.3 x 256 /
+    // 8.
     CHECK(valuesOf(*record, record->texU) == Values{8230.4f, 19.2f, 76.8f, 2057.6f});
     CHECK(valuesOf(*record, record->texV) == Values{38.4f, 19.2f, 8268.8f, 1033.6f});
     CHECK(record->maxDepth == 8);

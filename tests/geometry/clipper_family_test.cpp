@@ -60,8 +60,8 @@ bool tested()
     return __is_same(Array, ScreenY);
 }
 
-// A triangle whose first corner is outside the plane, a quarter of the way to the second corner and half of the way to the
-// third one. Other arrays run from 16n at the first corner to 16n + 8 and 16n + 100 at the others.
+// A triangle whose first corner is outside the plane, a quarter of the way to the second corner and half of the way to
+// the third one. Other arrays run from 16n at the first corner to 16n + 8 and 16n + 100 at the others.
 template <class Plane>
 ScreenPolygon triangleAcross(const TestView& view)
 {

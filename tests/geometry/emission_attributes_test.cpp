@@ -69,7 +69,8 @@ void checkPosition(const ScreenPolygon& record)
     CHECK(record.scanY[2] == 18);
 }
 
-// (u x 64 + 0.3) x 256 / Z and (v x 32 + 0.3) x 256 / Z: 32.3 x 128, 0.3 x 64, 64.3 x 32; 8.3 x 128, 32.3 x 64, 0.3 x 32.
+// (u x 64 + 0.3) x 256 / Z and (v x 32 + 0.3) x 256 / Z: 32.3 x 128, 0.3 x 64, 64.3 x 32; 8.3 x 128, 32.3 x 64, 0.3 x
+// 32.
 void checkTexture(const ScreenPolygon& record)
 {
     CHECK(valuesOf(record, record.texU) == Values{4134.4f, 19.2f, 2057.6f});

@@ -1,6 +1,7 @@
-// Growths of a polygon list of which the host refuses a part. A growth asks four times: 1 for the list, 2, 3 and 4 for the
-// sort order, keys and scratch. What is stored afterwards is as odd as it is on purpose; nothing is ever written through a
-// pointer that went stale, and the test host aborts when a block that was given back is written to or given back twice.
+// Growths of a polygon list of which the host refuses a part. A growth asks four times: 1 for the list, 2, 3 and 4 for
+// the sort order, keys and scratch. What is stored afterwards is as odd as it is on purpose; nothing is ever written
+// through a pointer that went stale, and the test host aborts when a block that was given back is written to or given
+// back twice.
 #include "geometry/polygon_lists.h"
 #include "tests/geometry/one_face.h"
 

@@ -1,5 +1,5 @@
-// What a host sees on the screen of a growth that it refused a part of. The calls of a frame's emission are: 1 list, 2 to 4
-// sort arrays for the first 512 faces; 5 list, 6 to 8 sort arrays for the next.
+// What a host sees on the screen of a growth that it refused a part of. The calls of a frame's emission are: 1 list, 2
+// to 4 sort arrays for the first 512 faces; 5 list, 6 to 8 sort arrays for the next.
 #include "kardeno_soft/kardeno_soft.h"
 #include "tests/support/test_scene.h"
 
@@ -90,8 +90,8 @@ struct TwoOverlapping {
     }
 };
 
-// Half blends in 5-6-5 keep 0xf7df of both: red over black 0xf000 / 2 = 0x7800, blue over that (0x001f + 0x7000) / 2; the
-// other way round 0x001f / 2 = 0x000f, then (0xf000 + 0x000f) / 2.
+// Half blends in 5-6-5 keep 0xf7df of both: red over black 0xf000 / 2 = 0x7800, blue over that (0x001f + 0x7000) / 2;
+// the other way round 0x001f / 2 = 0x000f, then (0xf000 + 0x000f) / 2.
 constexpr u16 farToNear = 0x380f;
 constexpr u16 lastToFirst = 0x7807;
 constexpr u16 nothing = 0;

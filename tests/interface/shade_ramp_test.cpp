@@ -1,4 +1,5 @@
-// The entries of both ramps, worked out by hand. Everything is 32-bit integers: shifts round down, divisions toward zero.
+// The entries of both ramps, worked out by hand. Everything is 32-bit integers: shifts round down, divisions toward
+// zero.
 #include "host/render_modes.h"
 #include "kardeno_soft/kardeno_soft.h"
 #include "tests/support/test_scene.h"

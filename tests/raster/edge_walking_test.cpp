@@ -278,8 +278,8 @@ TEST_CASE(
     "a side whose rows do not fit in 32 bits steps by the wrapped difference, and its rows are walked all the same")
 {
     // From -2,147,483,648 to 8 the difference wraps to -2,147,483,640: the steps have the wrong sign, and after nearly
-    // 2^31 rows column 0 has become nearly -3 on the way to 3, and nearly -9 on the way to 9. No row keeps what an earlier
-    // polygon left there.
+    // 2^31 rows column 0 has become nearly -3 on the way to 3, and nearly -9 on the way to 9. No row keeps what an
+    // earlier polygon left there.
     walk(polygonOf({{0, -2147483647 - 1}, {3, 8}, {9, 8}}));
     CHECK(left(0, 9) == listed({-2, -2, -2, -2, -2, -2, -2, -2, unwritten}));
     CHECK(right(0, 9) == listed({-8, -8, -8, -8, -8, -8, -8, -8, unwritten}));

@@ -192,8 +192,8 @@ std::vector<Span> resolveRows(const RenderView& view, std::vector<Polygon>& reso
     return resolver.background.spans;
 }
 
-// One stable pass for each byte of the largest key that is not 0, the lowest byte first. Negative keys come out wherever
-// the bytes that were looked at put them.
+// One stable pass for each byte of the largest key that is not 0, the lowest byte first. Negative keys come out
+// wherever the bytes that were looked at put them.
 std::vector<size_t> farthestFirst(const std::vector<Polygon>& polygons)
 {
     std::vector<size_t> order;

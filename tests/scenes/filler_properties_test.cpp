@@ -1,5 +1,5 @@
-// Properties of the span fillers: what they draw is looked up again, pixel by pixel, at the texel and the light level that
-// two plain fillers find there.
+// Properties of the span fillers: what they draw is looked up again, pixel by pixel, at the texel and the light level
+// that two plain fillers find there.
 #include "host/render_modes.h"
 #include "scenes/random_scene.h"
 #include "tests/support/seeds.h"
@@ -29,8 +29,8 @@ struct TexturedRow {
     Blend blend;
 };
 
-// Rows that draw a polygon's spans with texture coordinates alone or with a light level. `rounds`: on a 256 x 256 map the
-// coordinates are rounded at the ends of blocks, while all others truncate them.
+// Rows that draw a polygon's spans with texture coordinates alone or with a light level. `rounds`: on a 256 x 256 map
+// the coordinates are rounded at the ends of blocks, while all others truncate them.
 constexpr TexturedRow texturedRows[] = {
     {3, "texture copy", false, false, true, Key::none, Blend::replace},
     {4, "colour-keyed copy", false, false, true, Key::colour, Blend::replace},
@@ -124,8 +124,8 @@ public:
 private:
     Face* face = nullptr;
 
-    // Texture coordinates stay off the edges of the map, where the two ways of addressing wrap differently, and the light
-    // level stays off both ends of its range, which a column outside the outline would leave.
+    // Texture coordinates stay off the edges of the map, where the two ways of addressing wrap differently, and the
+    // light level stays off both ends of its range, which a column outside the outline would leave.
     void addPolygon()
     {
         std::vector<Corner> corners;

@@ -3,7 +3,8 @@
 //
 //   KARDENO_UPDATE_GOLDEN=1 tests_scenes -tc="every composed scene*"
 //
-// writes tests/scenes/golden_frames.txt and the pictures in tests/scenes/golden/ anew. Look at them before you commit them.
+// writes tests/scenes/golden_frames.txt and the pictures in tests/scenes/golden/ anew. Look at them before you commit
+// them.
 #include "scenes/composed_scene.h"
 #include "tests/support/test_frame.h"
 

@@ -94,8 +94,8 @@ TEST_CASE("the spans of the opaque polygons and the background tile every row ex
 
 TEST_CASE("corners that lie exactly on the sides of the picture leave no gap and nothing outside")
 {
-    // X = -Z, X = Z, Y = Z or Y = -Z: inside, and so not clipped, while 1/Z is rounded and the projection may come out a
-    // little beyond the side. The wider the picture, the farther: here by more than a 65,536th of a column.
+    // X = -Z, X = Z, Y = Z or Y = -Z: inside, and so not clipped, while 1/Z is rounded and the projection may come out
+    // a little beyond the side. The wider the picture, the farther: here by more than a 65,536th of a column.
     i32 cornersBeyond = 0;
     forEachSeed(100, [&](u32 seed) {
         RandomNumbers random(seed);
@@ -203,8 +203,8 @@ TEST_CASE("without intersections the order of the faces does not matter")
 TEST_CASE("a fan of triangles around a point covers the picture without a hole, cut by any planes")
 {
     // The rim runs around the picture far outside of it, so that only the fan's own inner sides could leave a hole. The
-    // plane is tilted, so that a part of the rim lies behind the eye, but never so far that the picture shows beyond it:
-    // 0.3 x 4/3 + 0.35 is well below 1.
+    // plane is tilted, so that a part of the rim lies behind the eye, but never so far that the picture shows beyond
+    // it: 0.3 x 4/3 + 0.35 is well below 1.
     i32 trianglesDrawn = 0;
     forEachSeed(300, [&](u32 seed) {
         RandomNumbers random(seed);

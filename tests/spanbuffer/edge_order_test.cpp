@@ -64,8 +64,8 @@ TEST_CASE("steps and positions are truncated toward zero, on both sides of it")
 TEST_CASE("a step is formed in double precision from the single-precision corners")
 {
     SpanScene scene({.right = 8192});
-    // In units of 1/65,536 column the corners lie at 268,435,456 + 32 and at 4. Their difference has one bit too many for
-    // a single-precision number, which would give -268,435,488.
+    // In units of 1/65,536 column the corners lie at 268,435,456 + 32 and at 4. Their difference has one bit too many
+    // for a single-precision number, which would give -268,435,488.
     const f32 far = 4096 + 1.0f / 2048;
     const f32 near = 1.0f / 16384;
     scene.add({{far, 0}, {near, 1}, {far, 1}});

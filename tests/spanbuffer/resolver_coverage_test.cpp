@@ -73,8 +73,8 @@ TEST_CASE("a polygon owns the columns from the floor of its left side to the flo
 TEST_CASE("sides are followed from their corners with no correction to the middle of a row or column")
 {
     SpanScene scene({.right = 30, .bottom = 5});
-    // The rows are those of the truncated corners, 1 to 3, and the left side starts on row 1 at the corner's own 8.9; it
-    // moves by (2.9 - 8.9) / 3 = -2 columns a row.
+    // The rows are those of the truncated corners, 1 to 3, and the left side starts on row 1 at the corner's own 8.9;
+    // it moves by (2.9 - 8.9) / 3 = -2 columns a row.
     const ScreenPolygon& polygon = scene.add({{8.9f, 1.7f}, {2.9f, 4.2f}, {20, 4.9f}, {20, 1.1f}});
     scene.resolve();
     CHECK(runsOf(polygon) == Runs{{4, 20, 3}, {6, 20, 2}, {8, 20, 1}});
@@ -173,8 +173,8 @@ TEST_CASE("a polygon left before it is entered is shown only from where the coun
 TEST_CASE("on the row of its upper corner a triangle whose sides start at one x is left first and not shown")
 {
     SpanScene scene({.right = 30, .bottom = 2});
-    // Both sides start at 10; the one filed later, which leaves, comes first in the row's list. On the next row the sides
-    // have parted and stand in their own order.
+    // Both sides start at 10; the one filed later, which leaves, comes first in the row's list. On the next row the
+    // sides have parted and stand in their own order.
     const ScreenPolygon& triangle = scene.add({{10, 0}, {6, 2}, {14, 2}});
     scene.resolve();
     CHECK(runsOf(triangle) == Runs{{8, 12, 1}});

@@ -56,8 +56,8 @@ TEST_CASE("no row is walked after a refused growth, though the stored capacity s
 
 TEST_CASE("a refusal while a polygon is entered leaves no trace in the next frame")
 {
-    // 4 spans a row, so that the 4,096th is the last of row 1,023. The first of row 1,024 is the glass's, closed when the
-    // front polygon is entered.
+    // 4 spans a row, so that the 4,096th is the last of row 1,023. The first of row 1,024 is the glass's, closed when
+    // the front polygon is entered.
     SpanScene scene(tall);
     const ScreenPolygon& wall = scene.addRectangle(0, 0, 30, 2000, 1);
     const ScreenPolygon& glass = scene.addSeeThrough(4, 0, 20, 2000, 2);

@@ -183,7 +183,8 @@ TEST_CASE("storing rounds to f32 once, to nearest even, and keeps the smallest n
 
 TEST_CASE("a product is rounded before it enters a sum, and a sum is no wider than it is declared")
 {
-    // (1 + 2^-30)^2 = 1 + 2^-29 + 2^-60, of which the product keeps the first two. One fused operation would find 2^-60.
+    // (1 + 2^-30)^2 = 1 + 2^-29 + 2^-60, of which the product keeps the first two. One fused operation would find
+    // 2^-60.
     volatile f64 factor = 1.0 + 1.0 / 1073741824.0;
     volatile f64 term = -(1.0 + 2.0 / 1073741824.0);
     CHECK(factor * factor + term == 0.0);

@@ -1,5 +1,5 @@
-// Scenes for tests: objects, faces, materials and textures that live as long as the scene, with host callbacks that write
-// down every call.
+// Scenes for tests: objects, faces, materials and textures that live as long as the scene, with host callbacks that
+// write down every call.
 #pragma once
 
 #include "kardeno_soft/kardeno_soft.h"
@@ -46,8 +46,8 @@ struct TestFace : SceneFace {
     std::string name;
 };
 
-// An object that answers callbacks as its fields say, and writes "<callback> <name>" into the scene's log; where the drawn
-// object is another than the object itself, "<callback> <drawn>/<name>".
+// An object that answers callbacks as its fields say, and writes "<callback> <name>" into the scene's log; where the
+// drawn object is another than the object itself, "<callback> <drawn>/<name>".
 struct TestObject : SceneObject {
     std::string name;
     TestScene* scene = nullptr;

@@ -45,8 +45,8 @@ std::ostream& operator<<(std::ostream& out, const Corners& corners);
 // The outcode of a projected point against the view's four sides; inside near and far.
 u32 screenOutcode(const RenderView& view, f32 x, f32 y);
 
-// A polygon as emission would leave it: corners on the screen, outcodes of the view's sides, rows truncated, no spans, and
-// a flat depth plane. Everything else is zero.
+// A polygon as emission would leave it: corners on the screen, outcodes of the view's sides, rows truncated, no spans,
+// and a flat depth plane. Everything else is zero.
 ScreenPolygon screenPolygon(std::initializer_list<Corner> corners, const TestView& view, f32 invDepth = 1);
 
 Corners corners(const ScreenPolygon& polygon);
