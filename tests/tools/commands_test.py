@@ -75,12 +75,17 @@ class Answers(CommandTest):
         self.assert_misused(self.command("tools/setup", "wrong"), "'wrong'", "build", "demo", "check")
 
 
+USUAL_BUILDS = ["linux-i386", "linux-i386-sanitized", "linux-x86_64", "linux-x86_64-sanitized", "linux-aarch64",
+                "win32", "win64", "wasm32", "fuzz"]
+
+
 class Check(CommandTest):
     def setUp(self):
         super().setUp()
         self.stand_in("dpkg-query", ALL_INSTALLED)
         self.stand_in("cmake", PASSING_CMAKE)
-        self.write("tree/cache/wine32/ready", "")
+        for wine in ("wine32", "wine64"):
+            self.write(f"tree/cache/{wine}/ready", "")
 
     def workflows(self):
         return [call.split()[-1] for call in self.calls() if call.startswith("cmake --workflow --preset ")]
@@ -96,12 +101,12 @@ class Check(CommandTest):
 
     def test_without_names_it_runs_the_usual_builds_but_those_left_out(self):
         self.assert_passes(self.command("check", "--without", "win32", "--without", "fuzz"))
-        self.assertEqual(self.workflows(), ["linux-i386", "linux-i386-sanitized"])
+        self.assertEqual(self.workflows(), [build for build in USUAL_BUILDS if build not in ("win32", "fuzz")])
 
     def test_nothing_is_installed_when_everything_is_there(self):
         self.command("check")
         self.assertEqual([call for call in self.calls() if call.startswith(("apt-get", "sudo"))], [])
-        self.assertEqual(self.workflows(), ["linux-i386", "linux-i386-sanitized", "win32", "fuzz"])
+        self.assertEqual(self.workflows(), USUAL_BUILDS)
 
     def test_a_build_whose_tools_cannot_be_had_counts_as_failed_and_the_others_run(self):
         self.take_away("apt-get", "i686-w64-mingw32-g++-posix")
@@ -142,6 +147,28 @@ class Check(CommandTest):
         presets = json.loads((TOP / "CMakePresets.json").read_text())["workflowPresets"]
         listed = self.command("check", "wrong").stderr.partition("the builds are: ")[2].split()
         self.assertEqual(sorted(listed), sorted(preset["name"] for preset in presets))
+
+
+class Demo(CommandTest):
+    def setUp(self):
+        super().setUp()
+        self.take_away("apt-get", "dpkg-query")
+        self.write("tree/cache/models/OBJ/spider.obj", "")
+        makes_a_host = "mkdir -p build/$3; ln -sf /bin/true build/$3/sample_host"
+        self.stand_in("cmake", f"case $* in --build*--target*) {makes_a_host} ;; esac")
+
+    def test_it_draws_through_the_32_bit_renderer_where_that_can_be_built(self):
+        run = self.command("demo")
+        self.assert_passes(run)
+        self.assertIn("demo: building (linux-i386)", run.stdout)
+
+    def test_without_a_32_bit_compiler_it_draws_through_the_machines_own_renderer_and_says_so(self):
+        self.stand_in("g++", 'case " $* " in *" -m32 "*) exit 1 ;; esac')
+        run = self.command("demo")
+        self.assert_passes(run)
+        self.assertIn("32-bit programs cannot be built here", run.stdout)
+        self.assertIn("demo: building (native)", run.stdout)
+        self.assertIn("cmake --preset native", self.calls())
 
 
 class Setup(CommandTest):

@@ -51,7 +51,8 @@ class CommandTest(ToolTest):
     HARMLESS = """awk basename cat date dirname echo env expr flock grep head id ln ls mkdir mktemp mv nproc printf
         python3 rm sed sh sort tail timeout touch tr wc""".split()
     STOOD_IN = ["apt-get", "dpkg-query", "dpkg-deb", "sudo", "cmake", "ninja", "wine", "wineserver", "g++", "gcc",
-                "clang++-14", "clang-format-14", "i686-w64-mingw32-g++-posix"]
+                "clang++-14", "clang-format-14", "ld.lld-14", "llvm-ar-14", "node", "qemu-aarch64-static",
+                "i686-w64-mingw32-g++-posix", "x86_64-w64-mingw32-g++-posix"]
 
     def setUp(self):
         super().setUp()
