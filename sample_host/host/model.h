@@ -4,6 +4,9 @@
 #include "sample_host/host/material.h"
 #include "sample_host/host/mesh.h"
 
+#include <string>
+#include <vector>
+
 namespace sample_host {
 
 struct Model {

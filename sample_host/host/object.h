@@ -6,6 +6,8 @@
 #include "sample_host/host/mesh.h"
 #include "sample_host/host/movement.h"
 
+#include <string>
+
 namespace sample_host {
 
 // A lamp that shines to all sides, fading with the distance.

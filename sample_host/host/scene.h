@@ -4,6 +4,7 @@
 #include "sample_host/host/object.h"
 
 #include <deque>
+#include <string>
 
 namespace sample_host {
 
