@@ -87,10 +87,10 @@ TEST_CASE("the scenes of the host draw their golden frames through a renderer th
     }
     const Hashes golden = goldenHashes();
     CHECK(golden.size() == 52); // three scenes in two states, twenty rows; in two formats
-    for (const auto& [name, hash] : drawn) {
-        CAPTURE(name);
-        const auto expected = golden.find(name);
+    for (const auto& frame : drawn) {
+        CAPTURE(frame.first);
+        const auto expected = golden.find(frame.first);
         REQUIRE(expected != golden.end());
-        CHECK(hash == expected->second);
+        CHECK(frame.second == expected->second);
     }
 }
