@@ -31,27 +31,33 @@ function(add_compiling_check name target)
     set_tests_properties(${name} PROPERTIES RESOURCE_LOCK build_folder)
 endfunction()
 
-# Every header of the library compiles behind some lines of the includer, and the public one also as C.
-function(add_header_check name target lines)
-    set(folder ${CMAKE_BINARY_DIR}/${target})
-    set(includers ${folder}/kardeno_soft.c)
-    file(CONFIGURE OUTPUT ${folder}/kardeno_soft.c CONTENT "${lines}#include \"kardeno_soft/kardeno_soft.h\"\n")
-    foreach(room include/kardeno_soft ${kardeno_rooms})
-        file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/${room}/*.h)
-        foreach(header ${headers})
-            file(CONFIGURE OUTPUT ${folder}/${header}.cpp CONTENT "${lines}#include \"${header}\"\n")
-            list(APPEND includers ${folder}/${header}.cpp)
-        endforeach()
-    endforeach()
-    kardeno_set_instruction_levels(${includers})
-    add_library(${target} OBJECT EXCLUDE_FROM_ALL ${includers})
+# The headers of the library as #include lines would name them.
+set(library_headers)
+foreach(room ${kardeno_rooms})
+    file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/${room}/*.h)
+    list(APPEND library_headers ${headers})
+endforeach()
+file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR}/include ${PROJECT_SOURCE_DIR}/include/*/*.h)
+list(APPEND library_headers ${headers})
+
+# Includers of headers, compiled as a check. Each further argument is the name of a file to make, which may include.
+function(add_header_check name target)
+    kardeno_set_instruction_levels(${ARGN})
+    add_library(${target} OBJECT EXCLUDE_FROM_ALL ${ARGN})
     target_link_libraries(${target} PRIVATE kardeno_options)
     add_compiling_check(${name} ${target})
 endfunction()
 
-# <windows.h> defines many words as something else, and hosts for Windows include it first.
+# <windows.h> defines many words as something else, and hosts for Windows include it first: all headers compile behind
+# it.
 if(WIN32)
-    add_header_check(check_headers_compile_after_windows_h headers_after_windows "#include <windows.h>\n")
+    set(folder ${CMAKE_BINARY_DIR}/headers_after_windows)
+    list(TRANSFORM library_headers REPLACE "(.+)" "#include \"\\1\"\n" OUTPUT_VARIABLE lines)
+    list(JOIN lines "" lines)
+    file(CONFIGURE OUTPUT ${folder}/all.cpp CONTENT "#include <windows.h>\n${lines}")
+    file(CONFIGURE OUTPUT ${folder}/public.c
+        CONTENT "#include <windows.h>\n#include \"kardeno_soft/kardeno_soft.h\"\n")
+    add_header_check(check_headers_compile_after_windows_h headers_after_windows ${folder}/all.cpp ${folder}/public.c)
 endif()
 
 if(NOT KARDENO_SOURCE_CHECKS)
@@ -65,7 +71,15 @@ add_test(NAME check_words COMMAND ${tools}/check_words)
 add_test(NAME check_format COMMAND ${tools}/check_format)
 add_test(NAME check_tools COMMAND python3 -B -m unittest discover -s ${PROJECT_SOURCE_DIR}/tests/tools -p "*_test.py")
 
-add_header_check(check_headers_compile_alone headers_alone "")
+# Every header compiles alone, and the public one also as C.
+set(folder ${CMAKE_BINARY_DIR}/headers_alone)
+file(CONFIGURE OUTPUT ${folder}/public.c CONTENT "#include \"kardeno_soft/kardeno_soft.h\"\n")
+set(includers ${folder}/public.c)
+foreach(header ${library_headers})
+    file(CONFIGURE OUTPUT ${folder}/${header}.cpp CONTENT "#include \"${header}\"\n")
+    list(APPEND includers ${folder}/${header}.cpp)
+endforeach()
+add_header_check(check_headers_compile_alone headers_alone ${includers})
 
 # Floating point becomes integer in support/arithmetic*.h alone. tools/check_objects says how this is seen.
 set(truncation_users ${kardeno_sources})

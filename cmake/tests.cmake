@@ -56,12 +56,6 @@ target_link_libraries(test_support PRIVATE test_code)
 target_precompile_headers(test_support PRIVATE
     <doctest/doctest.h> <algorithm> <cmath> <cstdlib> <cstring> <deque> <functional> <limits> <memory> <ostream>
     <random> <set> <string> <vector>)
-# ccache keeps what was compiled with such a header only when it may trust the header's checksum.
-if(CMAKE_CXX_COMPILER_LAUNCHER MATCHES "ccache$")
-    set(test_launcher ${CMAKE_COMMAND} -E env CCACHE_SLOPPINESS=pch_defines,time_macros ${CMAKE_CXX_COMPILER_LAUNCHER})
-    target_compile_options(test_code INTERFACE -fpch-preprocess)
-    set_target_properties(test_support PROPERTIES CXX_COMPILER_LAUNCHER "${test_launcher}")
-endif()
 
 # A test program is one entry of CTest. It runs in the folder of the sources, so that a file it reads has one name in
 # every build.
@@ -70,7 +64,6 @@ function(kardeno_add_test_program program)
     set_target_properties(${program} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
     target_link_libraries(${program} PRIVATE test_code test_main)
     target_precompile_headers(${program} REUSE_FROM test_support)
-    set_target_properties(${program} PROPERTIES CXX_COMPILER_LAUNCHER "${test_launcher}")
     add_test(NAME ${program} COMMAND ${program} WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
     set_tests_properties(${program} PROPERTIES FIXTURES_REQUIRED emulator)
 endfunction()

@@ -61,7 +61,7 @@ RenderModeRow otherRow(u32 flags)
 }
 
 // Builds the material's shade ramp, unless it has one. Returns false when the host refused memory.
-bool hasRamp(HostContext& context, SceneMaterial& material)
+bool ensureRamp(HostContext& context, SceneMaterial& material)
 {
     return material.renderPrivate->shadeRamp || buildShadeRamp(context, material);
 }
@@ -118,7 +118,7 @@ bool setMaterialState(HostContext& context, SceneMaterial& material, i32 state)
     if (!material.renderPrivate) return false;
 
     const Selection selection = select(material, state);
-    if (selection.needsRamp && !hasRamp(context, material)) return false;
+    if (selection.needsRamp && !ensureRamp(context, material)) return false;
 
     RenderMode& mode = RenderModeTable[selection.row];
     material.renderPrivate->mode = &mode;

@@ -18,8 +18,8 @@ struct RowWalk {
     const DrawnRectangle& drawn;
     const ScanlineTables& tables;
     i32 row;
-    f32 y;       // screen y at which depths are compared
-    bool memory; // turns false when a span cannot be stored, which ends the walk
+    f32 y;           // screen y at which depths are compared
+    bool memoryLeft; // turns false when a span cannot be stored, which ends the walk
 };
 
 i32 columnOf(i32 fixedX)
@@ -32,7 +32,7 @@ void closeRun(RowWalk& walk, ScreenPolygon& polygon, i32 column)
 {
     const i32 x = polygon.engineWord < walk.drawn.left ? walk.drawn.left : polygon.engineWord;
     const i32 xEnd = column > walk.drawn.right ? walk.drawn.right : column;
-    if (!appendSpan(walk.context, polygon, x, xEnd, walk.row)) walk.memory = false;
+    if (!appendSpan(walk.context, polygon, x, xEnd, walk.row)) walk.memoryLeft = false;
 }
 
 void openRun(ScreenPolygon& polygon, i32 column)
@@ -69,7 +69,7 @@ void enter(RowWalk& walk, ScreenPolygon& polygon, i32 edgeX)
     ScreenPolygon* hidden = under;
     do {
         closeRun(walk, *hidden, column);
-        if (!walk.memory) return;
+        if (!walk.memoryLeft) return;
         hidden->engineFlag = 0;
         hidden = hidden->below;
     } while (hidden->engineFlag);
@@ -81,7 +81,7 @@ void leave(RowWalk& walk, ScreenPolygon& polygon, i32 edgeX)
     if (polygon.engineFlag) {
         const i32 column = columnOf(edgeX);
         closeRun(walk, polygon, column);
-        if (!walk.memory) return;
+        if (!walk.memoryLeft) return;
 
         // The polygons that only this one hid become visible, down to the first one that occludes.
         ScreenPolygon* revealed = polygon.below;
@@ -127,7 +127,7 @@ void walkActiveEdges(RowWalk& walk)
         } else {
             if (--polygon.activeCount == 0) leave(walk, polygon, edge->x);
         }
-        if (!walk.memory) return;
+        if (!walk.memoryLeft) return;
     }
 }
 
@@ -193,12 +193,12 @@ void ResolveScanlines(HostContext& context, const DrawnRectangle& drawn, f32 fir
         .tables = tables,
         .row = drawn.top,
         .y = firstY,
-        .memory = true,
+        .memoryLeft = true,
     };
     for (; walk.row < drawn.bottom; ++walk.row) {
         mergeStartingEdges(tables, walk.row);
         walkActiveEdges(walk);
-        if (!walk.memory) return;
+        if (!walk.memoryLeft) return;
         dropEndingEdges(tables, walk.row);
         stepEdges(tables);
         walk.y = stored(walk.y + 1.0);

@@ -15,6 +15,7 @@ struct alignas(16) Header {
 };
 
 constinit Header ring{&ring, &ring};
+constinit int users = 0; // HostMemory objects that live
 
 // Links a header, which names its neighbours already, into the ring. Gives the block behind it.
 void* linked(Header* header)
@@ -43,8 +44,9 @@ void* allocateZeros(u32 count, u32 size)
 void* resize(void* block, u32 bytes)
 {
     if (!block) return allocateZeros(1, bytes);
-    if (bytes > SIZE_MAX - sizeof(Header)) return nullptr;
-    Header* header = static_cast<Header*>(std::realloc(headerOf(block), bytes + sizeof(Header)));
+    const std::uint64_t total = std::uint64_t(bytes) + sizeof(Header);
+    if (total > SIZE_MAX) return nullptr;
+    Header* header = static_cast<Header*>(std::realloc(headerOf(block), std::size_t(total)));
     return header ? linked(header) : nullptr;
 }
 
@@ -59,8 +61,14 @@ void release(void* block)
 
 } // namespace
 
+HostMemory::HostMemory()
+{
+    ++users;
+}
+
 HostMemory::~HostMemory()
 {
+    if (--users > 0) return;
     while (ring.next != &ring) release(ring.next + 1);
 }
 

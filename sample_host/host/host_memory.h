@@ -5,13 +5,13 @@
 
 namespace sample_host {
 
-// The renderer has memory as long as this object lives. It never releases its lists and pools by itself, so the
-// destructor releases what is still held. There is one such object: made before the renderer is loaded, destroyed after
-// the renderer is unloaded. The blocks hang on a static variable, because the renderer hands its memory functions
-// nothing that would lead to an object.
+// A renderer has memory as long as such an object lives. It never releases its lists and pools by itself, so the
+// destructor of the last object releases what is still held. An object is made before a renderer is loaded and
+// destroyed after that renderer is unloaded. The blocks hang on a static variable, because the renderer hands its
+// memory functions nothing that would lead to an object.
 class HostMemory {
 public:
-    HostMemory() = default;
+    HostMemory();
     ~HostMemory();
     HostMemory(const HostMemory&) = delete;
     HostMemory& operator=(const HostMemory&) = delete;

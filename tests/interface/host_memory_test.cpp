@@ -66,6 +66,7 @@ TEST_CASE("of a material only the private record's pointer is written, and of it
     mark(texture.map.gap0);
     mark(texture.map.gap54);
     mark(texture.image().gap4);
+    std::memset(&material.renderPrivate, 0x5a, sizeof material.renderPrivate); // no word of a pointer looks like that
     material.textureMap = &texture.map;
     const Bytes before = bytesOf<SceneMaterial>(material);
     const Bytes flagsBefore = bytesOf(material.flagBlock);

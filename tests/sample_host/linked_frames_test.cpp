@@ -4,10 +4,9 @@
 //   KARDENO_UPDATE_GOLDEN=1 tests_sample_host -tc="the scenes of the host*"
 //
 // writes tests/sample_host/golden_frames.txt anew. Look at the scenes (./demo) before you commit it.
-#include "sample_host/host/host_memory.h"
-#include "sample_host/host/renderer_linked.h"
 #include "sample_host/scenes/gallery.h"
 #include "sample_host/scenes/scenes.h"
+#include "tests/sample_host/linked_renderer.h"
 
 #include <doctest/doctest.h>
 
@@ -42,7 +41,7 @@ std::string hashOf(const FrameBuffer& frame)
 
 Hashes drawnHashes()
 {
-    const RendererTable renderer = linkedRenderer();
+    const RendererTable& renderer = linkedRendererOfTheTests();
     Hashes drawn;
     for (const PixelFormat format : {PixelFormat::rgb565, PixelFormat::rgb555}) {
         const std::string bits = format == PixelFormat::rgb565 ? " 16" : " 15";
@@ -78,7 +77,6 @@ Hashes goldenHashes()
 
 TEST_CASE("the scenes of the host draw their golden frames through a renderer that is linked in")
 {
-    const HostMemory memory;
     const Hashes drawn = drawnHashes();
     const char* const update = std::getenv("KARDENO_UPDATE_GOLDEN");
     if (update && std::string(update) == "1") {

@@ -1,10 +1,9 @@
 // The host together with the renderer's library, whose file CTest names in the environment.
-#include "sample_host/host/host_memory.h"
 #include "sample_host/host/projected_outline.h"
 #include "sample_host/host/renderer_file.h"
-#include "sample_host/host/renderer_linked.h"
 #include "sample_host/scenes/gallery.h"
 #include "sample_host/scenes/scenes.h"
+#include "tests/sample_host/linked_renderer.h"
 
 #include <doctest/doctest.h>
 
@@ -59,14 +58,15 @@ TEST_CASE("a material with vertex colours that is not opaque, or has a shading m
 
 TEST_CASE("a renderer that is linked in draws the same frames as one that is loaded from its file")
 {
-    const Renderer loaded; // its memory serves both, and lasts longer than the linked renderer is called
+    const Renderer loaded;
+    const RendererTable& linkedIn = linkedRendererOfTheTests();
     for (const PixelFormat format : {PixelFormat::rgb565, PixelFormat::rgb555}) {
         const std::vector<u16> fromFile = galleryFrames(loaded.file.table(), format);
-        const std::vector<u16> linked = galleryFrames(linkedRenderer(), format);
+        const std::vector<u16> linked = galleryFrames(linkedIn, format);
         CHECK(fromFile == linked);
         CHECK(std::count(linked.begin(), linked.end(), 0) < std::ptrdiff_t(linked.size() / 2));
     }
-    CHECK((linkedRenderer().render != loaded.file.table().render)); // really two of them
+    CHECK((linkedIn.render != loaded.file.table().render)); // really two of them
 }
 
 TEST_CASE("a file that is not there, or not the renderer, is refused with a sentence that names it")
