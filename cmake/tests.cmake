@@ -41,7 +41,8 @@ endif()
 add_library(test_main OBJECT ${test_folder}/test_main.cpp)
 target_link_libraries(test_main PRIVATE test_options)
 
-# Test code runs once and briefly: most of what -O2 would do to it is lost time. What is tested is compiled as ever.
+# Test code runs once and briefly: most of what -O2 would do to it is lost time. The library's objects are compiled as
+# ever; only a template that a test itself instantiates is compiled as the test is.
 add_library(test_code INTERFACE)
 target_link_libraries(test_code INTERFACE test_options)
 target_compile_options(test_code INTERFACE $<$<CONFIG:Release>:-O1>)

@@ -181,6 +181,21 @@ TEST_CASE("storing rounds to f32 once, to nearest even, and keeps the smallest n
     CHECK(std::bit_cast<u32>(stored(1e-40)) == 71362);
 }
 
+// Whether a value of that type can be stored.
+template <class Value>
+concept Storable = requires(Value value)
+{
+    stored(value);
+};
+
+TEST_CASE("a formula of f32 operands alone cannot be stored, one with an f64 can")
+{
+    const f32 a = 1;
+    const f32 b = 2;
+    CHECK_FALSE(Storable<decltype(a * b + a)>);
+    CHECK(Storable<decltype(static_cast<f64>(a) * b + a)>);
+}
+
 TEST_CASE("a product is rounded before it enters a sum, and a sum is no wider than it is declared")
 {
     // (1 + 2^-30)^2 = 1 + 2^-29 + 2^-60, of which the product keeps the first two. One fused operation would find
