@@ -38,14 +38,14 @@ if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
         DOCTEST_CONFIG_NO_POSIX_SIGNALS DOCTEST_CONFIG_NO_EXCEPTIONS_BUT_WITH_ALL_ASSERTS)
 endif()
 
-add_library(test_main OBJECT ${test_folder}/test_main.cpp)
-target_link_libraries(test_main PRIVATE test_options)
-
 # Test code runs once and briefly: most of what -O2 would do to it is lost time. The library's objects are compiled as
 # ever; only a template that a test itself instantiates is compiled as the test is.
 add_library(test_code INTERFACE)
 target_link_libraries(test_code INTERFACE test_options)
-target_compile_options(test_code INTERFACE $<$<CONFIG:Release>:-O1>)
+target_compile_options(test_code INTERFACE $<$<CONFIG:Release>:-O1> $<$<BOOL:${KARDENO_SANITIZED}>:-O0>)
+
+add_library(test_main OBJECT ${test_folder}/test_main.cpp)
+target_link_libraries(test_main PRIVATE test_code)
 
 file(GLOB support_sources CONFIGURE_DEPENDS ${test_folder}/support/*.cpp)
 list(FILTER support_sources EXCLUDE REGEX "_test\\.cpp$")

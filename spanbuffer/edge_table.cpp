@@ -35,16 +35,6 @@ EdgePass growEdgePool(HostContext& context)
     return EdgePass::poolGrew;
 }
 
-// Inserts the edge before the first one whose x is not smaller. Of two edges with the same x, the one that was added
-// later therefore comes first.
-void insertByX(ScanEdge& head, ScanEdge& edge)
-{
-    ScanEdge* before = &head;
-    while (before->next != &RightGuardEdge && before->next->x < edge.x) before = before->next;
-    edge.next = before->next;
-    before->next = &edge;
-}
-
 // Adds the side from (xa, ya) to (xb, yb). A side that covers no row of the rectangle takes no record of the pool.
 void addSide(const DrawnRectangle& drawn, ScreenPolygon* polygon, f32 xa, i32 ya, f32 xb, i32 yb)
 {
@@ -67,7 +57,8 @@ void addSide(const DrawnRectangle& drawn, ScreenPolygon* polygon, f32 xa, i32 ya
     edge.x = wrappingSum(edge.x, wrappingProduct(edge.xStep, start - top));
     edge.polygon = polygon;
 
-    insertByX(EdgeStartTable[start], edge);
+    edge.next = EdgeStartTable[start].next;
+    EdgeStartTable[start].next = &edge;
     edge.nextEnding = EdgeEndTable[end - 1];
     EdgeEndTable[end - 1] = &edge;
     ++EdgePool.count;

@@ -1,9 +1,11 @@
 // The edge table: every side of the frame's polygons, listed twice, under the first and under the last scanline that it
-// covers. At each scanline the resolver merges the edges that start there into its active edge list, and removes those
-// that end there.
+// covers. At each scanline the resolver sorts the edges that start there by x, merges them into its active edge list,
+// and removes those that end there.
 //
-//   edges that start on row y:   EdgeStartTable[y].next -> edge -> edge -> RightGuardEdge      ascending x, by `next`
-//   edges that end on row y:     EdgeEndTable[y] -> edge -> edge -> null                       by `nextEnding`
+//   edges that start on row y:   EdgeStartTable[y].next -> edge -> edge -> RightGuardEdge      linked by `next`
+//   edges that end on row y:     EdgeEndTable[y] -> edge -> edge -> null                       linked by `nextEnding`
+//
+// Both lists begin with the edge that was added last.
 //
 // The edges live in a pool that grows through the host's realloc and is kept from frame to frame. A growth may move the
 // pool, which makes all links between edges stale. The edge pass, which adds the sides of all polygons, then starts

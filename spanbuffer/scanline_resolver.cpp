@@ -1,5 +1,6 @@
 #include "spanbuffer/scanline_resolver.h"
 
+#include "spanbuffer/edge_sort.h"
 #include "spanbuffer/span_pool.h"
 #include "support/arithmetic.h"
 
@@ -11,6 +12,9 @@ constinit ScreenPolygon StackTopPolygon = {};
 constinit ScreenPolygon BackgroundPolygon = {};
 
 namespace {
+
+// After so many swaps on one row, a sort of all active edges is the faster way.
+constexpr i32 manySwaps = 500;
 
 // The walk along the current row.
 struct RowWalk {
@@ -97,11 +101,15 @@ void leave(RowWalk& walk, ScreenPolygon& polygon, i32 edgeX)
     polygon.below->above = polygon.above;
 }
 
-// Merges the edges that start on the row into the active edge list, in one forward walk over both sorted lists.
+// Sorts the edges that start on the row, and merges them into the active edge list in one forward walk over both lists.
+// Of starting edges with the same x the one that was added to the table last comes first, as it does in the row's list.
 void mergeStartingEdges(const ScanlineTables& tables, i32 row)
 {
-    ScanEdge* cursor = tables.leftGuard->next;
     ScanEdge* edge = tables.edgeStartTable[row].next;
+    if (edge == tables.rightGuard) return;
+    edge = sortedByX(edge, tables.rightGuard);
+
+    ScanEdge* cursor = tables.leftGuard->next;
     while (edge != tables.rightGuard) {
         ScanEdge* const following = edge->next;
         while (cursor != tables.rightGuard && edge->x > cursor->x) cursor = cursor->next;
@@ -153,16 +161,31 @@ void swapWithPrevious(ScanEdge* edge)
     after->prev = previous;
 }
 
-// Moves the active edges to the next row. Edges may cross on the way, so an insertion sort keeps the list in order.
+void sortActiveEdges(const ScanlineTables& tables)
+{
+    tables.leftGuard->next = sortedByX(tables.leftGuard->next, tables.rightGuard);
+    ScanEdge* previous = tables.leftGuard;
+    for (ScanEdge* edge = previous->next; edge; edge = edge->next) {
+        edge->prev = previous;
+        previous = edge;
+    }
+}
+
+// Moves the active edges to the next row. Edges may cross on the way. An insertion sort puts right the few that usually
+// do; where very many do, a stable sort of the whole list comes to the same order.
 void stepEdges(const ScanlineTables& tables)
 {
+    i32 swaps = 0;
     ScanEdge* edge = tables.leftGuard->next;
     while (edge != tables.rightGuard) {
         ScanEdge* const following = edge->next;
         edge->x = wrappingSum(edge->x, edge->xStep);
-        while (edge->prev != tables.leftGuard && edge->x < edge->prev->x) swapWithPrevious(edge);
+        if (swaps <= manySwaps) {
+            for (; edge->prev != tables.leftGuard && edge->x < edge->prev->x; ++swaps) swapWithPrevious(edge);
+        }
         edge = following;
     }
+    if (swaps > manySwaps) sortActiveEdges(tables);
 }
 
 } // namespace

@@ -16,6 +16,15 @@ using kardeno::tests::TestView;
 
 namespace {
 
+// Visits every array that a clipper of the plane and the format reads and writes.
+template <class Plane, class Format, class Visit>
+void forEachClippedArray(Visit visit)
+{
+    visit.template operator()<typename Plane::Tested>();
+    Plane::Carried::forEach(visit);
+    Format::Attributes::forEach(visit);
+}
+
 // All that a clipper may carry of a vertex, bit for bit.
 using VertexBits = std::array<u32, 13>;
 
@@ -24,7 +33,7 @@ VertexBits bitsOf(const ScreenPolygon& polygon, i32 vertex)
 {
     VertexBits bits = {polygon.outcode[vertex]};
     u32 count = 1;
-    ClippedArrays<Plane, Format>::forEach(
+    forEachClippedArray<Plane, Format>(
         [&]<class Values>() { std::memcpy(&bits[count++], &(polygon.*Values::values)[vertex], sizeof(u32)); });
     return bits;
 }

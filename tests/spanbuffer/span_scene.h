@@ -1,6 +1,7 @@
 // Polygons in the span buffer alone: filed and resolved as a frame does it, their spans read back as plain values.
 #pragma once
 
+#include "spanbuffer/edge_sort.h"
 #include "spanbuffer/edge_table.h"
 #include "spanbuffer/scanline_resolver.h"
 #include "spanbuffer/span_pool.h"
@@ -45,12 +46,13 @@ inline Runs runsOf(const ScreenPolygon& polygon, i32 row)
     return runs;
 }
 
-// The edges of a row list, from its head to the right guard.
+// The edges that start on a row, sorted as the resolver sorts them when it comes to the row.
 inline std::vector<const ScanEdge*> edgesStartingOn(i32 row)
 {
+    ScanEdge& head = EdgeStartTable[row];
+    if (head.next != &RightGuardEdge) head.next = sortedByX(head.next, &RightGuardEdge);
     std::vector<const ScanEdge*> edges;
-    for (const ScanEdge* edge = EdgeStartTable[row].next; edge != &RightGuardEdge; edge = edge->next)
-        edges.push_back(edge);
+    for (const ScanEdge* edge = head.next; edge != &RightGuardEdge; edge = edge->next) edges.push_back(edge);
     return edges;
 }
 
