@@ -20,6 +20,13 @@ struct Clippers {
     static const ClipperFamily family;
 };
 
+extern template struct Clippers<PositionsOnly>;
+extern template struct Clippers<Coloured>;
+extern template struct Clippers<ColouredTextured>;
+extern template struct Clippers<Lit>;
+extern template struct Clippers<LitTextured>;
+extern template struct Clippers<Textured>;
+
 template <class Format>
 inline constexpr const ClipperFamily& clippers = Clippers<Format>::family;
 

@@ -9,6 +9,7 @@
 #include "tests/support/test_view.h"
 
 #include <deque>
+#include <ostream>
 
 namespace kardeno::tests {
 
