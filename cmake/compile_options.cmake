@@ -13,11 +13,17 @@ if(CMAKE_SYSTEM_PROCESSOR MATCHES "^(x86_64|AMD64)$")
     target_compile_options(kardeno_arithmetic INTERFACE -msse2 -mfpmath=sse)
 endif()
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^i[3-6]86$")
-    # A host may call with a stack that is aligned to 4 bytes only, while SSE needs 16: functions realign the stack. GCC
-    # realigns the frames that AddressSanitizer lays out only with the second option.
-    target_compile_options(kardeno_arithmetic INTERFACE -msse2 -mfpmath=sse -mstackrealign)
+    target_compile_options(kardeno_arithmetic INTERFACE -msse2 -mfpmath=sse)
+endif()
+
+# A host on 32-bit x86 may call with a stack that is aligned to 4 bytes only, while SSE needs 16. The exported functions
+# realign it; what they call, the host's functions among them, finds it aligned. GCC realigns the frames that
+# AddressSanitizer lays out only with the second option.
+set(realigning_options)
+if(CMAKE_SYSTEM_PROCESSOR MATCHES "^i[3-6]86$")
+    set(realigning_options -mstackrealign)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
-        target_compile_options(kardeno_arithmetic INTERFACE -mincoming-stack-boundary=2)
+        list(APPEND realigning_options -mincoming-stack-boundary=2)
     endif()
 endif()
 

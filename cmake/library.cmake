@@ -11,6 +11,7 @@ foreach(room ${kardeno_rooms})
 endforeach()
 list(REMOVE_ITEM kardeno_sources ${library_entry_win32})
 kardeno_set_instruction_levels(${kardeno_sources})
+set_property(SOURCE ${PROJECT_SOURCE_DIR}/interface/exports.cpp PROPERTY COMPILE_OPTIONS ${realigning_options})
 
 # The objects are a target of their own, so that tests can link what the library does not export.
 add_library(kardeno_objects OBJECT ${kardeno_sources})
