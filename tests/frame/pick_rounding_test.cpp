@@ -4,6 +4,7 @@
 // u stands for 2^-53. The f64 numbers next to 0.8 and 0.6 are 0.8 + 0.4 u and 0.6 - 0.2 u. The spacing of f64 is u/2
 // from 1/4 on, u from 1/2, 2 u from 1, 4 u from 2, 16 u from 8.
 #include "tests/frame/pick_scene.h"
+#include "tests/support/powers_of_two.h"
 
 #include <doctest/doctest.h>
 
@@ -11,14 +12,6 @@ using namespace kardeno;
 using namespace kardeno::tests;
 
 namespace {
-
-constexpr f32 two(i32 k)
-{
-    f32 result = 1;
-    for (; k > 0; --k) result *= 2;
-    for (; k < 0; ++k) result /= 2;
-    return result;
-}
 
 // A face with the given first three corners in camera space. The host brings projections of its own, a square from -10
 // to 10 around the picked points, so that the corners may lie anywhere. The viewing ray through (x, y) is (x, -y, 1).

@@ -2,6 +2,7 @@
 // value when a sum is formed in another order, a reciprocal becomes a quotient, or something is rounded to f32 on the
 // way.
 #include "tests/geometry/one_face.h"
+#include "tests/support/powers_of_two.h"
 
 #include <doctest/doctest.h>
 
@@ -9,15 +10,6 @@ using namespace kardeno;
 using namespace kardeno::tests;
 
 namespace {
-
-// 2^k.
-constexpr f32 two(i32 k)
-{
-    f32 result = 1;
-    for (; k > 0; --k) result *= 2;
-    for (; k < 0; ++k) result /= 2;
-    return result;
-}
 
 // A face of which only the first corner and the normal count. The centre of the screen is 0, scales are 1.
 class FacePlane : public OneFace {
