@@ -7,42 +7,33 @@
 #include "sample_host/scenes/gallery.h"
 #include "sample_host/scenes/scenes.h"
 #include "tests/sample_host/linked_renderer.h"
+#include "tests/support/golden_hashes.h"
 
 #include <doctest/doctest.h>
 
-#include <cstdio>
-#include <cstdlib>
-#include <fstream>
-#include <map>
 #include <string>
 
 using namespace sample_host;
+using namespace kardeno::tests;
 
 namespace {
 
 const std::string hashFile = "tests/sample_host/golden_frames.txt"; // tests run in the folder of the sources
 
-using Hashes = std::map<std::string, std::string>;
-
-// FNV-1a over the bytes of the pixels that are seen, low byte first.
 std::string hashOf(const FrameBuffer& frame)
 {
-    u32 value = 2166136261u;
+    u32 hash = hashBasis;
     for (int y = 0; y < frame.height; ++y) {
-        for (int x = 0; x < frame.width; ++x) {
-            const u32 pixel = frame.pixels[std::size_t(y * frame.pitch + x)];
-            for (const u32 byte : {pixel & 0xff, pixel >> 8}) value = (value ^ byte) * 16777619u;
-        }
+        for (int x = 0; x < frame.width; ++x)
+            hash = hashWithPixel(hash, frame.pixels[std::size_t(y * frame.pitch + x)]);
     }
-    char text[16];
-    std::snprintf(text, sizeof text, "%08x", unsigned(value));
-    return text;
+    return hexadecimal(hash);
 }
 
-Hashes drawnHashes()
+GoldenHashes drawnHashes()
 {
     const RendererTable& renderer = linkedRendererOfTheTests();
-    Hashes drawn;
+    GoldenHashes drawn;
     for (const PixelFormat format : {PixelFormat::rgb565, PixelFormat::rgb555}) {
         const std::string bits = format == PixelFormat::rgb565 ? " 16" : " 15";
         for (const SceneEntry& entry : ownScenes) {
@@ -63,27 +54,13 @@ Hashes drawnHashes()
     return drawn;
 }
 
-// Lines of: scene, bits per pixel, hash.
-Hashes goldenHashes()
-{
-    Hashes hashes;
-    std::ifstream in(hashFile);
-    std::string scene, bits, hash;
-    while (in >> scene >> bits >> hash) hashes[scene + " " + bits] = hash;
-    return hashes;
-}
-
 } // namespace
 
 TEST_CASE("the scenes of the host draw their golden frames through a renderer that is linked in")
 {
-    const Hashes drawn = drawnHashes();
-    const char* const update = std::getenv("KARDENO_UPDATE_GOLDEN");
-    if (update && std::string(update) == "1") {
-        std::ofstream out(hashFile, std::ios::binary);
-        for (const auto& [name, hash] : drawn) out << name << ' ' << hash << '\n';
-    }
-    const Hashes golden = goldenHashes();
+    const GoldenHashes drawn = drawnHashes();
+    if (updatesGoldenHashes()) writeGoldenHashes(hashFile, drawn);
+    const GoldenHashes golden = readGoldenHashes(hashFile);
     CHECK(golden.size() == 52); // three scenes in two states, twenty rows; in two formats
     for (const auto& frame : drawn) {
         CAPTURE(frame.first);

@@ -6,14 +6,11 @@
 // writes tests/scenes/golden_frames.txt and the pictures in tests/scenes/golden/ anew. Look at them before you commit
 // them.
 #include "scenes/composed_scene.h"
+#include "tests/support/golden_hashes.h"
 #include "tests/support/test_frame.h"
 
 #include <doctest/doctest.h>
 
-#include <cstdio>
-#include <cstdlib>
-#include <fstream>
-#include <map>
 #include <string>
 
 #if __has_include(<stb/stb_image_write.h>)
@@ -25,7 +22,7 @@
 
 using namespace kardeno;
 using namespace kardeno::scenes;
-using kardeno::tests::TestFrame;
+using namespace kardeno::tests;
 
 namespace {
 
@@ -65,37 +62,13 @@ u8 widened(u32 channel, u32 bits)
 #endif
 }
 
-std::string hexadecimal(u32 value)
-{
-    char text[16];
-    std::snprintf(text, sizeof text, "%08x", static_cast<unsigned>(value));
-    return text;
-}
-
-// Lines of: scene, bits per pixel, hash.
-std::map<std::string, std::string> readHashes()
-{
-    std::map<std::string, std::string> hashes;
-    std::ifstream in(hashFile);
-    std::string scene, bits, hash;
-    while (in >> scene >> bits >> hash) hashes[scene + " " + bits] = hash;
-    return hashes;
-}
-
-void writeHashes(const std::map<std::string, std::string>& hashes)
-{
-    std::ofstream out(hashFile, std::ios::binary);
-    for (const auto& [name, hash] : hashes) out << name << ' ' << hash << '\n';
-}
-
 } // namespace
 
 TEST_CASE("every composed scene draws its golden frame in both pixel formats")
 {
-    const char* const update = std::getenv("KARDENO_UPDATE_GOLDEN");
-    const bool updates = update && std::string(update) == "1";
-    const std::map<std::string, std::string> golden = readHashes();
-    std::map<std::string, std::string> drawn;
+    const bool updates = updatesGoldenHashes();
+    const GoldenHashes golden = readGoldenHashes(hashFile);
+    GoldenHashes drawn;
 
     for (const ComposedScene& composed : composedScenes) {
         for (const i32 bitsPerPixel : {15, 16}) {
@@ -121,5 +94,5 @@ TEST_CASE("every composed scene draws its golden frame in both pixel formats")
             }
         }
     }
-    if (updates) writeHashes(drawn);
+    if (updates) writeGoldenHashes(hashFile, drawn);
 }

@@ -1,5 +1,7 @@
 #include "tests/support/test_frame.h"
 
+#include "tests/support/golden_hashes.h"
+
 namespace kardeno::tests {
 
 TestFrame::TestFrame(i32 frameWidth, i32 frameHeight, u16 fill)
@@ -36,12 +38,9 @@ std::vector<u16> TestFrame::row(i32 y, i32 x, i32 xEnd) const
 
 u32 TestFrame::hash() const
 {
-    u32 value = 2166136261u;
+    u32 value = hashBasis;
     for (i32 y = 0; y < height; ++y) {
-        for (i32 x = 0; x < width; ++x) {
-            for (const u32 byte : {at(x, y) & 0xffu, static_cast<u32>(at(x, y) >> 8)})
-                value = (value ^ byte) * 16777619u;
-        }
+        for (i32 x = 0; x < width; ++x) value = hashWithPixel(value, at(x, y));
     }
     return value;
 }
