@@ -1,10 +1,8 @@
 #include "raster/flat_fills.h"
 
 #include "host/host_context.h"
-#include "raster/pixel_blends.h"
+#include "raster/colour_runs.h"
 #include "raster/span_walk.h"
-
-#include <string.h>
 
 namespace kardeno {
 
@@ -15,15 +13,14 @@ template <class Blend>
 void blendColour(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, u16 colour)
 {
     forEachSpan(polygon, [&](const Span& span) {
-        u16* pixels = pixelAt(frameBuffer, pitch, span.x, span.y);
-        for (i32 i = 0; i < span.length; ++i) pixels[i] = Blend::over(pixels[i], colour);
+        blendRun<Blend>(pixelAt(frameBuffer, pitch, span.x, span.y), span.length, colour);
     });
 }
 
 void halfBlendColour(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, u16 colour)
 {
-    constexpr decltype(&blendColour<Replace>) routines[pixelFormatCount] = {blendColour<HalfBlend<rgb555>>,
-                                                                            blendColour<HalfBlend<rgb565>>};
+    constexpr decltype(&blendColour<HalfBlend<rgb555>>) routines[pixelFormatCount] = {blendColour<HalfBlend<rgb555>>,
+                                                                                      blendColour<HalfBlend<rgb565>>};
     routines[fillerFormat(*hostContext)](polygon, frameBuffer, pitch, colour);
 }
 
@@ -31,10 +28,9 @@ void halfBlendColour(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, 
 
 void fillFaceColourLowByte(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
 {
-    forEachSpan(*polygon, [&](const Span& span) {
-        memset(pixelAt(frameBuffer, pitch, span.x, span.y), polygon->faceColour & 0xff,
-               static_cast<u32>(span.length) * sizeof(u16));
-    });
+    const u16 colour = static_cast<u16>((polygon->faceColour & 0xff) * 0x101);
+    forEachSpan(*polygon,
+                [&](const Span& span) { fillRun(pixelAt(frameBuffer, pitch, span.x, span.y), span.length, colour); });
 }
 
 void fillFaceColourHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
@@ -44,7 +40,9 @@ void fillFaceColourHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32
 
 void fillDiffuse(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
 {
-    blendColour<Replace>(*polygon, frameBuffer, pitch, polygon->material->diffuseColour.packed);
+    const u16 colour = polygon->material->diffuseColour.packed;
+    forEachSpan(*polygon,
+                [&](const Span& span) { fillRun(pixelAt(frameBuffer, pitch, span.x, span.y), span.length, colour); });
 }
 
 void fillDiffuseHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
