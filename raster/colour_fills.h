@@ -9,4 +9,8 @@ namespace kardeno {
 extern const PlainSpanRoutines gouraudColour;
 extern const TexturedSpanRoutines colourScaledTexture;
 
+// The plain routines, which define the pixels. Nothing but speed sets those above apart from them.
+extern const PlainSpanRoutines plainGouraudColour;
+extern const TexturedSpanRoutines plainColourScaledTexture;
+
 } // namespace kardeno

@@ -1,6 +1,6 @@
 #include "raster/shaded_fills.h"
 
-#include "raster/textured_spans.h"
+#include "raster/packed_spans.h"
 
 namespace kardeno {
 
@@ -23,14 +23,26 @@ void drawShadedSpan(SpanGradients* span, u16* pixels)
 
 } // namespace
 
-constinit const TexturedSpanRoutines litTexture = copied<Rounding, LitTexel, Opaque>;
-constinit const TexturedSpanRoutines colourKeyedLitTexture = copied<Rounding, LitTexel, IndexKeyed>;
-constinit const TexturedSpanRoutines litTextureHalfBlend = blended<Rounding, LitTexel, Opaque, HalfBlend>;
-constinit const TexturedSpanRoutines colourKeyedLitHalfBlend = blended<Truncating, LitTexel, IndexZeroKeyed, HalfBlend>;
-constinit const TexturedSpanRoutines litTextureAdd = blended<Truncating, LitTexel, Opaque, SaturatingAdd>;
+constinit const TexturedSpanRoutines plainLitTexture = copied<Rounding, LitTexel, Opaque>;
+constinit const TexturedSpanRoutines plainColourKeyedLitTexture = copied<Rounding, LitTexel, IndexKeyed>;
+constinit const TexturedSpanRoutines plainLitTextureHalfBlend = blended<Rounding, LitTexel, Opaque, HalfBlend>;
+constinit const TexturedSpanRoutines plainColourKeyedLitHalfBlend =
+    blended<Truncating, LitTexel, IndexZeroKeyed, HalfBlend>;
+constinit const TexturedSpanRoutines plainLitTextureAdd = blended<Truncating, LitTexel, Opaque, SaturatingAdd>;
 
-constinit const PlainSpanRoutines shadedCopy = {drawShadedSpan<Replace>, drawShadedSpan<Replace>};
-constinit const PlainSpanRoutines shadedHalfBlend = {drawShadedSpan<HalfBlend<rgb555>>,
-                                                     drawShadedSpan<HalfBlend<rgb565>>};
+constinit const PlainSpanRoutines plainShadedCopy = {drawShadedSpan<Replace>, drawShadedSpan<Replace>};
+constinit const PlainSpanRoutines plainShadedHalfBlend = {drawShadedSpan<HalfBlend<rgb555>>,
+                                                          drawShadedSpan<HalfBlend<rgb565>>};
+
+constinit const TexturedSpanRoutines litTexture = packedCopied<Rounding, LitTexel, Opaque>;
+constinit const TexturedSpanRoutines colourKeyedLitTexture = packedCopied<Rounding, LitTexel, IndexKeyed>;
+constinit const TexturedSpanRoutines litTextureHalfBlend = packedBlended<Rounding, LitTexel, Opaque, HalfBlend>;
+constinit const TexturedSpanRoutines colourKeyedLitHalfBlend =
+    packedBlended<Truncating, LitTexel, IndexZeroKeyed, HalfBlend>;
+constinit const TexturedSpanRoutines litTextureAdd = packedBlended<Truncating, LitTexel, Opaque, SaturatingAdd>;
+
+constinit const PlainSpanRoutines shadedCopy = {drawPackedShadedSpan<Replace>, drawPackedShadedSpan<Replace>};
+constinit const PlainSpanRoutines shadedHalfBlend = {drawPackedShadedSpan<HalfBlend<rgb555>>,
+                                                     drawPackedShadedSpan<HalfBlend<rgb565>>};
 
 } // namespace kardeno

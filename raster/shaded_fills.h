@@ -15,4 +15,13 @@ extern const TexturedSpanRoutines litTextureAdd;
 extern const PlainSpanRoutines shadedCopy;
 extern const PlainSpanRoutines shadedHalfBlend;
 
+// The plain routines, which define the pixels. Nothing but speed sets those above apart from them.
+extern const TexturedSpanRoutines plainLitTexture;
+extern const TexturedSpanRoutines plainColourKeyedLitTexture;
+extern const TexturedSpanRoutines plainLitTextureHalfBlend;
+extern const TexturedSpanRoutines plainColourKeyedLitHalfBlend;
+extern const TexturedSpanRoutines plainLitTextureAdd;
+extern const PlainSpanRoutines plainShadedCopy;
+extern const PlainSpanRoutines plainShadedHalfBlend;
+
 } // namespace kardeno

@@ -9,7 +9,8 @@ namespace kardeno {
 // A map whose width and height are any powers of two. The index wraps as a whole, not each coordinate by itself: past
 // the right side of a row of texels comes the next row.
 struct AnyMap {
-    using Coordinates = SubdividedTexture<Truncating>;
+    using Conversion = Truncating;
+    using Coordinates = SubdividedTexture<Conversion>;
 
     u32 rowShift;
     u32 indexMask;
@@ -21,8 +22,9 @@ struct AnyMap {
 };
 
 // A map of 256 x 256 texels. Each coordinate wraps by itself.
-template <class Conversion>
+template <class Conversion_>
 struct Map256x256 {
+    using Conversion = Conversion_;
     using Coordinates = SubdividedTexture<Conversion>;
 
     explicit Map256x256(const TextureImage&) {}

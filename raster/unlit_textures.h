@@ -12,4 +12,12 @@ extern const TexturedSpanRoutines textureHalfBlend;
 extern const TexturedSpanRoutines textureAdd;
 extern const TexturedSpanRoutines wholeOutlineAdd;
 
+// The plain routines, which define the pixels. Nothing but speed sets those above apart from them.
+extern const TexturedSpanRoutines plainTextureCopy;
+extern const TexturedSpanRoutines plainPalettisedCopy;
+extern const TexturedSpanRoutines plainColourKeyedCopy;
+extern const TexturedSpanRoutines plainTextureHalfBlend;
+extern const TexturedSpanRoutines plainTextureAdd;
+extern const TexturedSpanRoutines plainWholeOutlineAdd;
+
 } // namespace kardeno
