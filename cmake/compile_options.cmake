@@ -15,6 +15,9 @@ endif()
 if(CMAKE_SYSTEM_PROCESSOR MATCHES "^i[3-6]86$")
     target_compile_options(kardeno_arithmetic INTERFACE -msse2 -mfpmath=sse)
 endif()
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
+    target_compile_options(kardeno_arithmetic INTERFACE -msimd128)
+endif()
 
 # A host on 32-bit x86 may call with a stack that is aligned to 4 bytes only, while SSE needs 16. The exported functions
 # realign it; what they call, the host's functions among them, finds it aligned. GCC realigns the frames that
@@ -53,8 +56,8 @@ if(KARDENO_SANITIZED)
     add_link_options(${sanitizers})
 endif()
 
-# A file whose name ends in the name of an instruction level is compiled for that level. On x86 every file may use SSE2.
-# No level has fused multiply-add, which would round once where the scalar routine rounds twice.
+# A file whose name ends in the name of an instruction level is compiled for that level. On x86 every file may use SSE2,
+# in WebAssembly SIMD128. No level has fused multiply-add, which would round once where the scalar routine rounds twice.
 set(instruction_level_avx2 -mavx2 -mno-fma)
 
 function(kardeno_set_instruction_levels)

@@ -84,7 +84,7 @@ struct PackedColour<ScaledTexel> {
 
 // Draws a Gouraud-shaded span. The count stays, as the plain routine leaves it.
 template <PixelFormat format>
-void drawPackedGouraudSpan(SpanGradients* span, u16* pixels)
+[[gnu::flatten]] void drawPackedGouraudSpan(SpanGradients* span, u16* pixels)
 {
     InterpolatedChannels channels(*span);
     i32 count = span->count;

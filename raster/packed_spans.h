@@ -49,47 +49,57 @@ struct PackedColour<LitTexel> {
     }
 };
 
-// Draws eight pixels of which none depends on the one that is there.
-template <class Key, class Blend, class Fetch, class Colours>
-requires(std::is_same_v<Key, Opaque>&& std::is_same_v<Blend, Replace>) void drawBlock(const SpanGradients&, u16* pixels,
-                                                                                      Fetch texel,
-                                                                                      const Colours& colour)
-{
-    forEachLane([&](u32 lane) { pixels[lane] = colour.of(texel(lane), lane); });
-}
+// Drawing eight pixels. texel(lane) fetches the texel of a lane.
+//
+// Palette indices. An index and its colour would both have to be put into lanes, which takes longer than to choose
+// pixel by pixel. The choice is made by masks: which pixels of a map are hidden, a processor cannot foretell.
+template <class Key, class Blend>
+struct PackedDrawing {
+    template <class Fetch, class Colours>
+    static void draw(const SpanGradients& span, u16* pixels, Fetch texel, const Colours& colours)
+    {
+        forEachLane([&](u32 lane) {
+            const u32 index = texel(lane);
+            const u32 there = pixels[lane];
+            const u32 drawn = Blend::over(pixels[lane], colours.of(index, lane));
+            const u32 hidden = 0u - static_cast<u32>(Key::hides(span, index));
+            pixels[lane] = static_cast<u16>((there & hidden) | (drawn & ~hidden));
+        });
+    }
+};
 
-// Draws eight pixels that are blended with those that are there.
-template <class Key, class Blend, class Fetch, class Colours>
-requires(std::is_same_v<Key, Opaque> && !std::is_same_v<Blend, Replace>) void drawBlock(const SpanGradients&,
-                                                                                        u16* pixels, Fetch texel,
-                                                                                        const Colours& colour)
-{
-    const u16x8 colours = lanesOf([&](u32 lane) { return colour.of(texel(lane), lane); });
-    storeLanes(pixels, PackedBlend<Blend>::over(loadedLanes(pixels), colours));
-}
+// The pixels that are there do not matter.
+template <>
+struct PackedDrawing<Opaque, Replace> {
+    template <class Fetch, class Colours>
+    static void draw(const SpanGradients&, u16* pixels, Fetch texel, const Colours& colours)
+    {
+        forEachLane([&](u32 lane) { pixels[lane] = colours.of(texel(lane), lane); });
+    }
+};
 
-// Draws eight pixels where 16-bit texels are not hidden. A hidden pixel is written back as it was.
-template <class Key, class Blend, class Fetch, class Colours>
-requires std::is_same_v<Key, ColourKeyed>
-void drawBlock(const SpanGradients& span, u16* pixels, Fetch texel, const Colours&)
-{
-    const u16x8 texels = lanesOf([&](u32 lane) { return static_cast<u16>(texel(lane)); });
-    const u16x8 hidden = std::bit_cast<u16x8>(texels == eightTimes(static_cast<u16>(span.key)));
-    const u16x8 there = loadedLanes(pixels);
-    storeLanes(pixels, selected(hidden, there, PackedBlend<Blend>::over(there, texels)));
-}
+template <class Blend>
+struct PackedDrawing<Opaque, Blend> {
+    template <class Fetch, class Colours>
+    static void draw(const SpanGradients&, u16* pixels, Fetch texel, const Colours& colours)
+    {
+        const u16x8 source = lanesOf([&](u32 lane) { return colours.of(texel(lane), lane); });
+        storeLanes(pixels, PackedBlend<Blend>::over(loadedLanes(pixels), source));
+    }
+};
 
-// Draws eight pixels where palette indices are not hidden. An index and its colour would both have to be put into
-// lanes, which takes longer than to ask texel by texel.
-template <class Key, class Blend, class Fetch, class Colours>
-requires(std::is_same_v<Key, IndexKeyed> || std::is_same_v<Key, IndexZeroKeyed>) void drawBlock(
-    const SpanGradients& span, u16* pixels, Fetch texel, const Colours& colour)
-{
-    forEachLane([&](u32 lane) {
-        const u32 index = texel(lane);
-        if (!Key::hides(span, index)) pixels[lane] = Blend::over(pixels[lane], colour.of(index, lane));
-    });
-}
+// A hidden pixel is written back as it was. The texels are the colours.
+template <class Blend>
+struct PackedDrawing<ColourKeyed, Blend> {
+    template <class Fetch, class Colours>
+    static void draw(const SpanGradients& span, u16* pixels, Fetch texel, const Colours&)
+    {
+        const u16x8 source = lanesOf([&](u32 lane) { return static_cast<u16>(texel(lane)); });
+        const u16x8 hidden = std::bit_cast<u16x8>(source == eightTimes(static_cast<u16>(span.key)));
+        const u16x8 there = loadedLanes(pixels);
+        storeLanes(pixels, selected(hidden, there, PackedBlend<Blend>::over(there, source)));
+    }
+};
 
 // The values as lanes, in the order of raster/short_runs.h.
 inline f32x4 textureValues(const Interpolants& values)
@@ -103,8 +113,9 @@ inline f32x4 shadeValues(const Interpolants& values)
 }
 
 // Draws a textured span. The division at the end of the next block is begun before the texels of a block are fetched.
+// Everything is inlined: with calls in its loop the routine would be slower than the plain one.
 template <class Map, class Colour, class Key, class Blend>
-void drawPackedTexturedSpan(SpanGradients* span, u16* pixels)
+[[gnu::flatten]] void drawPackedTexturedSpan(SpanGradients* span, u16* pixels)
 {
     using Texel = typename Colour::Texel;
     assert(span->count >= 0);
@@ -119,8 +130,8 @@ void drawPackedTexturedSpan(SpanGradients* span, u16* pixels)
     do {
         const auto index = map.indices(uv.at, uv.step());
         uv.nextBlock();
-        drawBlock<Key, Blend>(
-            *span, pixels, [&](u32 lane) { return static_cast<u32>(texels[index[lane]]); }, colour);
+        const auto texel = [&](u32 lane) { return static_cast<u32>(texels[index[lane]]); };
+        PackedDrawing<Key, Blend>::draw(*span, pixels, texel, colour);
         colour.nextBlock();
         pixels += blockLength;
         count -= blockLength;
@@ -131,7 +142,7 @@ void drawPackedTexturedSpan(SpanGradients* span, u16* pixels)
 
 // Draws a span without a texture.
 template <class Blend>
-void drawPackedShadedSpan(SpanGradients* span, u16* pixels)
+[[gnu::flatten]] void drawPackedShadedSpan(SpanGradients* span, u16* pixels)
 {
     assert(span->count >= 0);
     i32 count = span->count;

@@ -1,5 +1,5 @@
-// Runs of 1 to 7 pixels, which have no whole block. They are drawn from values and steps in registers, for a filler that
-// makes no record of such a run. The pixels are those that the inner routines of raster/textured_spans.h and
+// Runs of 1 to 7 pixels, which have no whole block. They are drawn from values and steps in registers, for a filler
+// that makes no record of such a run. The pixels are those that the inner routines of raster/textured_spans.h and
 // raster/shaded_fills.cpp draw when the record's step per 8 pixels is 8 times its step.
 //
 // Lanes of a textured run's values: { inverse depth, u, v, not looked at }

@@ -4,6 +4,7 @@
 #pragma once
 
 #include "support/arithmetic.h"
+#include "support/lanes_simd128.h"
 #include "support/lanes_sse2.h"
 
 #include <bit>
