@@ -12,10 +12,12 @@
 
 namespace kardeno {
 
-// Returns the integers in the lower two lanes.
+// Returns the integers in the lower two lanes. The empty statement keeps the compiler from working out the result for
+// itself where the values are constants: GCC then has another one for those that do not fit.
 template <class Integers, class Doubles>
 Integers truncatedLanesByInstruction(Doubles values)
 {
+    asm("" : "+x"(values));
     return std::bit_cast<Integers>(_mm_cvttpd_epi32(std::bit_cast<__m128d>(values)));
 }
 
