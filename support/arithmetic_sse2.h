@@ -11,8 +11,11 @@
 
 namespace kardeno {
 
+// The empty statement keeps the compiler from working out the result for itself where the value is a constant: GCC then
+// has another one for what does not fit.
 inline i32 truncatedByInstruction(f64 value)
 {
+    asm("" : "+x"(value));
     return _mm_cvttsd_si32(_mm_set_sd(value));
 }
 

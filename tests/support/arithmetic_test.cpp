@@ -48,6 +48,17 @@ constexpr f64 notANumber = std::numeric_limits<f64>::quiet_NaN();
 
 } // namespace
 
+TEST_CASE("a constant truncates as any other value does")
+{
+    // The compiler sees these values and may work out the results beforehand.
+    CHECK(truncated(2.75) == 2);
+    CHECK(truncated(-2.75) == -2);
+    CHECK(truncated(2147483648.0) == smallestI32);
+    CHECK(truncated(1e300) == smallestI32);
+    CHECK(truncated(infinity) == smallestI32);
+    CHECK(truncated(notANumber) == smallestI32);
+}
+
 TEST_CASE("truncation goes toward zero on both sides of it")
 {
     checkTruncation({{0.0, 0},
