@@ -32,7 +32,11 @@ void checkRuns(SpanRoutine plain, f32x4 (&lanesOf)(const Interpolants&, f32), Sp
          {&Interpolants::invDepth, &Interpolants::texU, &Interpolants::texV, &Interpolants::intensity}) {
         span.step8.*value = stored(span.step.*value * 8.0);
     }
-    const Run run(span);
+    // What a run takes from the polygon's record are the texture and the ramp.
+    SpanGradients polygon = extremeSpan(random);
+    polygon.texture = span.texture;
+    polygon.ramp = span.ramp;
+    const Run run(polygon);
     const f32 rest = static_cast<f32>(random.integer(-1000, 1000));
     const f32x4 start = lanesOf(span.start, rest);
     const f32x4 step = lanesOf(span.step, rest);
