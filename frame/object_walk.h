@@ -31,7 +31,9 @@ bool needsLight(const SceneObject& drawn);
 template <class Visit>
 void forEachTestedFace(const SceneObject& drawn, Visit visit)
 {
+    constexpr i32 lookAhead = 8;
     for (i32 i = 0; i < drawn.faceCount; ++i) {
+        if (i + lookAhead < drawn.faceCount) __builtin_prefetch(drawn.faces[i + lookAhead]);
         SceneFace* const face = drawn.faces[i];
         if (face->faceTest->test(face)) visit(face, i);
     }

@@ -8,11 +8,11 @@ namespace {
 
 constexpr u32 digits = 256; // values that a digit can have
 
-i32 largestKey(const ScreenPolygon* list, i32 count)
+i32 largestKey(const PolygonList& list)
 {
-    i32 largest = list[0].maxDepth;
-    for (i32 i = 1; i < count; ++i) {
-        if (list[i].maxDepth > largest) largest = list[i].maxDepth;
+    i32 largest = list.held->maxDepth;
+    for (const StoredPolygon* polygon = list.held; polygon != list.end(); polygon = following(polygon)) {
+        if (polygon->maxDepth > largest) largest = polygon->maxDepth;
     }
     return largest;
 }
@@ -26,31 +26,40 @@ i32 passesFor(i32 largest)
     return 4;
 }
 
-// Sorts the indices of `input` into `output` by one digit of their keys, the byte that starts at bit `shift`, with a
-// stable counting sort. A null input stands for the indices 0, 1, 2 and so on.
-void sortByDigit(const ScreenPolygon* list, i32 count, u32 shift, const u32* input, u32* output)
+// Calls visit(position) for each entry of `input`, or for each polygon of the list when there is none.
+template <class Visit>
+void forEachPosition(const PolygonList& list, const u32* input, Visit visit)
 {
-    const auto indexAt = [&](i32 i) { return input ? input[i] : static_cast<u32>(i); };
-    const auto digitOf = [&](u32 index) { return (static_cast<u32>(list[index].maxDepth) >> shift) & 0xff; };
+    if (input) {
+        for (i32 i = 0; i < list.storedCount; ++i) visit(input[i]);
+    } else {
+        for (const StoredPolygon* polygon = list.held; polygon != list.end(); polygon = following(polygon))
+            visit(positionIn(list, *polygon));
+    }
+}
+
+// Sorts the positions of `input` into `output` by one digit of their keys, the byte that starts at bit `shift`, with a
+// stable counting sort. A null input stands for the list in its own order.
+void sortByDigit(const PolygonList& list, u32 shift, const u32* input, u32* output)
+{
+    const auto digitOf = [&](u32 position) {
+        return (static_cast<u32>(polygonAt(list, position).maxDepth) >> shift) & 0xff;
+    };
 
     // Each digit is counted in the slot after its own, so that the running sum leaves in a digit's own slot the place
-    // where its indices start.
+    // where its positions start.
     u32 starts[digits + 1] = {};
-    for (i32 i = 0; i < count; ++i) ++starts[digitOf(indexAt(i)) + 1];
+    forEachPosition(list, input, [&](u32 position) { ++starts[digitOf(position) + 1]; });
     for (u32 digit = 1; digit < digits; ++digit) starts[digit] += starts[digit - 1];
-
-    for (i32 i = 0; i < count; ++i) {
-        const u32 index = indexAt(i);
-        output[starts[digitOf(index)]++] = index;
-    }
+    forEachPosition(list, input, [&](u32 position) { output[starts[digitOf(position)]++] = position; });
 }
 
 } // namespace
 
-void SortPolygonsByDepth(const ScreenPolygon* list, i32 count)
+void SortPolygonsByDepth(const PolygonList& list)
 {
-    assert(count >= 1 && sortArrays.canHold(count));
-    const i32 passes = passesFor(largestKey(list, count));
+    assert(list.storedCount >= 1 && sortArrays.canHold(list.storedCount));
+    const i32 passes = passesFor(largestKey(list));
     u32* const order = sortArrays.sortOrder.entries;
     u32* const keys = sortArrays.sortKeys.entries;
     u32* const scratch = sortArrays.sortScratch.entries;
@@ -60,7 +69,7 @@ void SortPolygonsByDepth(const ScreenPolygon* list, i32 count)
     for (i32 pass = 0; pass < passes; ++pass) {
         u32* const usual = pass % 2 == 0 ? keys : scratch;
         u32* const output = pass + 1 == passes ? order : usual;
-        sortByDigit(list, count, static_cast<u32>(pass) * 8, input, output);
+        sortByDigit(list, static_cast<u32>(pass) * 8, input, output);
         input = output;
     }
 }

@@ -6,9 +6,9 @@
 
 namespace kardeno {
 
-// Fills sortOrder with the indices 0 to count - 1 in ascending order of maxDepth; the sort is stable. The count must be
-// at least 1, and the sort arrays must be able to hold it. The caller paints from the last entry, the farthest polygon,
-// to the first.
-void SortPolygonsByDepth(const ScreenPolygon* list, i32 count);
+// Fills sortOrder with the positions of the list's polygons in ascending order of maxDepth; the sort is stable. The
+// list must have a polygon, and the sort arrays must be able to hold them all. The caller paints from the last entry,
+// the farthest polygon, to the first.
+void SortPolygonsByDepth(const PolygonList& list);
 
 } // namespace kardeno

@@ -18,14 +18,10 @@ bool survives(ClipRoutine clipper, u32 outcodeBit, const RenderView& view, Scree
 
 bool foldOutcodes(const HostContext& context, ScreenPolygon& polygon, const SceneFace& face)
 {
-    polygon.outcodeAnd = outcodeAll;
-    polygon.outcodeOr = 0;
-    for (i32 i = 0; i < face.vertexCount; ++i) {
-        const u32 outcode = context.vertexOutcodes[face.vertexIndices[i]];
-        polygon.outcodeAnd &= outcode;
-        polygon.outcodeOr |= outcode;
-    }
-    return polygon.outcodeOr == outcodeAll && face.vertexCount >= minCorners && face.vertexCount <= maxCorners;
+    const FoldedOutcodes folded = foldedOutcodes(context, face);
+    polygon.outcodeAnd = folded.all;
+    polygon.outcodeOr = folded.any;
+    return canBeSeen(folded, face);
 }
 
 void copyCameraOutline(const HostContext& context, ScreenPolygon& polygon, const SceneFace& face)
@@ -68,27 +64,11 @@ i32 deepestCorner(const ScreenPolygon& polygon)
     return deepest;
 }
 
-void setDepthPlane(const HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
-{
-    const ViewProjection& projection = *view.projection;
-    const CameraVertex& corner = context.cameraVertices[face.vertexIndices[0]];
-    const f64 nx = face.normalX;
-    const f64 ny = face.normalY;
-    const f64 nz = face.normalZ;
-
-    // The order of these sums and products decides the last bits of the result.
-    const f64 d = nz * corner.z + ny * corner.y + nx * corner.x;
-    const f64 r = 1.0 / d;
-    polygon.invDepthStepX = stored(projection.invScaleX * r * nx);
-    polygon.invDepthStepY = stored(-(projection.invScaleY * r * ny));
-    polygon.invDepthOrigin = stored(((projection.centreYOverScaleY * ny + nz) - projection.centreXOverScaleX * nx) * r);
-}
-
 void finishPolygon(const SceneFace& face, ScreenPolygon& polygon, bool occludes)
 {
     assert(polygon.vertexCount >= minCorners && polygon.vertexCount <= maxCorners);
     polygon.material = face.material;
-    polygon.faceColour = face.faceColour ? *face.faceColour : u16{0};
+    polygon.faceColour = colourOf(face);
     polygon.spanHead = -1;
     polygon.activeCount = 0;
     polygon.occludes = occludes ? 1 : 0;

@@ -1,18 +1,19 @@
-// Emission turns a face of the host into a screen polygon of one of the frame's lists, or drops it when nothing of it
-// is in view. There are twelve emission routines. Ten of them are emit() with a vertex format and a list; billboards.h
-// has the two that turn a face into a square.
+// Emission turns a face of the host into a polygon of one of the frame's lists, or drops it when nothing of it is in
+// view. There are twelve emission routines. Ten of them are emit() with a vertex format and a list; billboards.h has
+// the two that turn a face into a square.
+//
+// A face that some plane cuts becomes a ScreenPolygon first, which is clipped in place and then stored in the list.
+// Most faces lie inside all planes and are stored at once, in whole_faces.h.
 #pragma once
 
 #include "geometry/plane_clipping.h"
-#include "geometry/polygon_lists.h"
-#include "geometry/projection.h"
+#include "geometry/whole_faces.h"
 #include "host/host_context.h"
 #include "host/render_modes.h"
 
 namespace kardeno {
 
 inline constexpr u32 outcodeDepthPlanes = outcodeNear | outcodeFar;
-inline constexpr i32 minCorners = 3;
 
 // First come the steps that do not depend on the vertex format. Where a step returns a bool, it is true for a face that
 // survives.
@@ -38,24 +39,8 @@ bool clipToScreen(const RenderView& view, const ClipperFamily& clippers, ScreenP
 // Returns the largest truncated viewZ of the polygon's corners, which is the key of the depth sort.
 i32 deepestCorner(const ScreenPolygon& polygon);
 
-// Sets the plane of inverse depth over the screen. It follows from the face's own plane, not from the clipped outline.
-void setDepthPlane(const HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& polygon);
-
-// Sets the fields that the span buffer and the fillers find in every emitted polygon.
+// Sets the fields that every emitted polygon has beside its outline and its depth plane.
 void finishPolygon(const SceneFace& face, ScreenPolygon& polygon, bool occludes);
-
-// Gathers what the attributes of the face's corner i are made from.
-template <class Format>
-CornerSource cornerSource(const HostContext& context, const SceneFace& face, i32 i)
-{
-    CornerSource source = {.texCoord = nullptr, .image = nullptr, .shade = nullptr};
-    source.shade = context.vertexShades + face.vertexIndices[i];
-    if constexpr (carriesTexture<Format>) {
-        source.texCoord = face.texCoords + i;
-        source.image = face.material->textureMap->image;
-    }
-    return source;
-}
 
 // Makes the projected outline of a face that crosses the near or the far plane. The face is clipped in camera space,
 // with its attributes unprojected, and then projected.
@@ -105,25 +90,62 @@ void fromCache(HostContext& context, const RenderView& view, const SceneFace& fa
     }
 }
 
+// Makes the screen polygon of a face in a vertex format, as a list with these properties takes it. Returns false when
+// nothing of the face is in view.
+template <class Format, class TargetList>
+bool makePolygon(HostContext& context, const RenderView& view, const SceneFace& face, ScreenPolygon& polygon)
+{
+    if (!foldOutcodes(context, polygon, face)) return false;
+
+    const bool crossesDepthPlanes = (polygon.outcodeAnd & outcodeDepthPlanes) != outcodeDepthPlanes;
+    if (!crossesDepthPlanes)
+        fromCache<Format>(context, view, face, polygon);
+    else if (!throughCamera<Format>(context, view, face, polygon))
+        return false;
+
+    if constexpr (TargetList::sorted) polygon.maxDepth = deepestCorner(polygon);
+    if (!clipToScreen(view, modeOf(*face.material).clip, polygon)) return false;
+    setDepthPlane(context, view, face, polygon);
+    finishPolygon(face, polygon, TargetList::occludes);
+    return true;
+}
+
+// Emits a face that some plane cuts.
+template <class Format, class TargetList>
+[[gnu::noinline]] void emitCutFace(HostContext& context, const RenderView& view, const SceneFace& face,
+                                   StoredPolygon& stored)
+{
+    ScreenPolygon polygon;
+    if (makePolygon<Format, TargetList>(context, view, face, polygon))
+        storePolygon<Format, TargetList>(polygon, stored);
+}
+
+// Emits a face of any number of corners.
+template <class Format, class TargetList>
+[[gnu::noinline]] void emitAnyFace(HostContext& context, const RenderView& view, const SceneFace& face,
+                                   StoredPolygon& stored)
+{
+    const FoldedOutcodes outcodes = foldedOutcodes(context, face);
+    if (!canBeSeen(outcodes, face)) return;
+    if (outcodes.all == outcodeAll)
+        storeWholeFace<Format, TargetList, 0>(context, view, face, stored);
+    else
+        emitCutFace<Format, TargetList>(context, view, face, stored);
+}
+
 // Emits a face as a polygon of the format into the list. A face for which the list has no room is dropped.
 template <class Format, class TargetList>
 void emit(const RenderView* view, const SceneFace* face)
 {
     HostContext& context = *hostContext;
-    ScreenPolygon* polygon = reservePolygon(context, TargetList::list());
-    if (!polygon || !foldOutcodes(context, *polygon, *face)) return;
+    StoredPolygon* const stored = reservePolygon(context, TargetList::list());
+    if (!stored) return;
 
-    const bool crossesDepthPlanes = (polygon->outcodeAnd & outcodeDepthPlanes) != outcodeDepthPlanes;
-    if (!crossesDepthPlanes)
-        fromCache<Format>(context, *view, *face, *polygon);
-    else if (!throughCamera<Format>(context, *view, *face, *polygon))
-        return;
-
-    if constexpr (TargetList::sorted) polygon->maxDepth = deepestCorner(*polygon);
-    if (!clipToScreen(*view, modeOf(*face->material).clip, *polygon)) return;
-    setDepthPlane(context, *view, *face, *polygon);
-    finishPolygon(*face, *polygon, TargetList::occludes);
-    commitPolygon(TargetList::list());
+    // Most faces are triangles that no plane cuts.
+    if (face->vertexCount == 3 && isWhole(foldedTriangle(context, *face)))
+        storeWholeFace<Format, TargetList, 3>(context, *view, *face, *stored);
+    else
+        emitAnyFace<Format, TargetList>(context, *view, *face, *stored);
 }
 
 } // namespace kardeno

@@ -54,7 +54,7 @@ bool growList(HostContext& context, PolygonList& list)
 {
     list.capacity += listGrowth;
     auto* const block =
-        static_cast<ScreenPolygon*>(context.realloc(list.records, bytesFor(list.capacity, sizeof(ScreenPolygon))));
+        static_cast<StoredPolygon*>(context.realloc(list.records, bytesFor(list.capacity, listRecordBytes)));
     if (block) {
         list.held = block;
         list.heldCapacity = list.capacity;
@@ -79,7 +79,7 @@ bool SortArrays::canHold(i32 count) const
     return capacity >= count && !sortOrder.released && !sortKeys.released && !sortScratch.released;
 }
 
-ScreenPolygon* reservePolygon(HostContext& context, PolygonList& list)
+StoredPolygon* reserveInGrownList(HostContext& context, PolygonList& list)
 {
     if (list.capacity <= list.count && !growList(context, list)) return nullptr;
 
@@ -88,20 +88,20 @@ ScreenPolygon* reservePolygon(HostContext& context, PolygonList& list)
     const bool storedBlockIsReal = list.records && list.records == list.held;
     if (!storedBlockIsReal || list.count >= list.heldCapacity) return nullptr;
     assert(list.count >= 0 && list.heldCapacity % listGrowth == 0);
-    return list.records + list.count;
-}
-
-void commitPolygon(PolygonList& list)
-{
-    assert(list.count < list.heldCapacity);
-    ++list.count;
+    return list.end();
 }
 
 void resetPolygonLists()
 {
-    resolvedPolygons.count = 0;
-    sortedPolygons.count = 0;
-    lateSortedPolygons.count = 0;
+    PolygonList* const lists[] = {&resolvedPolygons, &sortedPolygons, &lateSortedPolygons};
+    for (PolygonList* list : lists) {
+        list->count = 0;
+        list->usedBytes = 0;
+        list->storedCount = 0;
+        list->lastBytes = 0;
+        list->lastIsStored = false;
+        list->lastSideMakesEdge = false;
+    }
 }
 
 } // namespace kardeno

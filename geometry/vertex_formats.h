@@ -74,26 +74,45 @@ struct Red : Channel<&VertexShade::red, &ScreenPolygon::colourR> {};
 struct Green : Channel<&VertexShade::green, &ScreenPolygon::colourG> {};
 struct Blue : Channel<&VertexShade::blue, &ScreenPolygon::colourB> {};
 
+// A number for each format, in the order of their tables.
+enum FormatId : u8 { positionsOnly, coloured, colouredTextured, lit, litTextured, textured, formatCount };
+
 struct PositionsOnly {
+    static constexpr FormatId id = positionsOnly;
     using Attributes = List<>;
 };
+
 struct Coloured {
+    static constexpr FormatId id = coloured;
     using Attributes = List<Red, Green, Blue>;
 };
+
 struct ColouredTextured {
+    static constexpr FormatId id = colouredTextured;
     using Attributes = List<TexU, TexV, Red, Green, Blue>;
 };
+
 struct Lit {
+    static constexpr FormatId id = lit;
     using Attributes = List<ShadeOverDepth>;
 };
+
 struct LitTextured {
+    static constexpr FormatId id = litTextured;
     using Attributes = List<TexU, TexV, ShadeOnScreen>;
 };
+
 struct Textured {
+    static constexpr FormatId id = textured;
     using Attributes = List<TexU, TexV>;
 };
 
 template <class Format>
 inline constexpr bool carriesTexture = Format::Attributes::template contains<TexU>();
+
+// Whether some attribute is divided by depth. The inverse depth is then interpolated too, to recover the attribute.
+template <class Format>
+inline constexpr bool
+    isInPerspective = carriesTexture<Format> || Format::Attributes::template contains<ShadeOverDepth>();
 
 } // namespace kardeno

@@ -22,6 +22,9 @@ enum : u32 {
     flagShade11 = 512
 };
 
+// The table is filled at initialisation. Rows never move, and only their `state` changes afterwards.
+extern RenderMode RenderModeTable[renderModeRowCount];
+
 // The row of a material. A render state must have been chosen for the material before.
 inline RenderMode& modeOf(const SceneMaterial& material)
 {

@@ -6,10 +6,7 @@
 
 namespace kardeno {
 
-// The table is filled at initialisation. Rows never move, and only their `state` changes afterwards.
-extern RenderMode RenderModeTable[renderModeRowCount];
-
-// Fills in the routines of all rows and leaves their `state` as it is.
+// Fills in the routines of all rows of RenderModeTable and RunFillers, and leaves their `state` as it is.
 void fillRenderModeTable();
 
 } // namespace kardeno

@@ -1,9 +1,12 @@
-// The four fillers that draw a polygon in one colour.
+// The four fillers that draw a polygon in one colour, and their forms for runs of polygons.
 #pragma once
 
-#include "geometry/screen_polygon.h"
+#include "raster/run_fills.h"
 
 namespace kardeno {
+
+// Sets all pixels of the spans to 0.
+void clearSpans(const SpanList& spans, const FillTarget& target);
 
 // Draws the low byte of the face colour in both bytes of every pixel.
 // Intended: the low byte of the face colour, repeated in both bytes of every pixel: 0x1234 draws 0x3434.
@@ -17,5 +20,10 @@ void fillDiffuse(const ScreenPolygon* polygon, u16* frameBuffer, u32 argument, u
 
 // Blends the material's packed diffuse colour half and half with the pixels that are already there.
 void fillDiffuseHalfBlend(const ScreenPolygon* polygon, u16* frameBuffer, u32 argument, u32 pitch);
+
+void fillRunFaceColourLowByte(PolygonRun& run, const FillTarget& target);
+void fillRunFaceColourHalfBlend(PolygonRun& run, const FillTarget& target);
+void fillRunDiffuse(PolygonRun& run, const FillTarget& target);
+void fillRunDiffuseHalfBlend(PolygonRun& run, const FillTarget& target);
 
 } // namespace kardeno

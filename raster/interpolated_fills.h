@@ -4,7 +4,7 @@
 
 #include "geometry/screen_polygon.h"
 #include "host/host_context.h"
-#include "raster/span_routines.h"
+#include "raster/run_fills.h"
 
 namespace kardeno {
 
@@ -25,14 +25,21 @@ void fillTexturedOutline(const ScreenPolygon& polygon, u16* frameBuffer, u32 pit
 template <class Format>
 void fillPlainSpans(const ScreenPolygon& polygon, u16* frameBuffer, u32 pitch, SpanRoutine routine);
 
-// The fillers in the shape that the render-mode table takes: fill<Format> draws polygons of that vertex format.
+// The fillers in the shape that the render-mode table takes: fill<Format> draws a polygon of that vertex format, and
+// fillRun<Format> all polygons up to the next material. ShortRuns, if there are any for the filler, draw the same
+// pixels as the inner routines for maps of 256 x 256.
 
-template <const TexturedSpanRoutines& routines>
+template <const TexturedSpanRoutines& routines, class ShortRuns = NoShortRuns>
 struct TexturedSpans {
     template <class Format>
     static void fill(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
     {
         fillTexturedSpans<Format>(*polygon, frameBuffer, pitch, routines, fillerFormat(*hostContext));
+    }
+    template <class Format>
+    static void fillRun(PolygonRun& run, const FillTarget& target)
+    {
+        fillTexturedRun<Format, ShortRuns>(run, target, routines);
     }
 };
 
@@ -43,14 +50,21 @@ struct TexturedOutline {
     {
         fillTexturedOutline<Format>(*polygon, frameBuffer, pitch, routines, fillerFormat(*hostContext));
     }
+    template <class>
+    static constexpr RunFiller fillRun = nullptr;
 };
 
-template <const PlainSpanRoutines& routines>
+template <const PlainSpanRoutines& routines, class ShortRuns = NoShortRuns>
 struct PlainSpans {
     template <class Format>
     static void fill(const ScreenPolygon* polygon, u16* frameBuffer, u32, u32 pitch)
     {
         fillPlainSpans<Format>(*polygon, frameBuffer, pitch, routines[fillerFormat(*hostContext)]);
+    }
+    template <class Format>
+    static void fillRun(PolygonRun& run, const FillTarget& target)
+    {
+        fillPlainRun<Format, ShortRuns>(run, target, routines);
     }
 };
 

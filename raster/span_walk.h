@@ -22,7 +22,10 @@ inline u16* pixelAt(u16* frameBuffer, u32 pitch, i32 x, i32 y)
 template <class Draw>
 void forEachSpan(const ScreenPolygon& polygon, Draw draw)
 {
-    for (i32 index = polygon.spanHead; index != -1; index = SpanPool.held[index].next) draw(SpanPool.held[index]);
+    if (polygon.spanHead == -1) return;
+    const Span* span = SpanPool.sorted() + polygon.spanHead;
+    for (; !span->isLast; ++span) draw(*span);
+    draw(*span);
 }
 
 // Scanline set-up: sets the start values, which belong to the row's left end, and the gradients along the row. A row

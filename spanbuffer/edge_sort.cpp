@@ -6,124 +6,94 @@ namespace kardeno {
 
 namespace {
 
-constexpr u32 mostBucketBits = 10;
-constexpr i32 shortLength = 8; // up to which an insertion sort is the faster one
+constexpr u32 shortCount = 12; // up to which an insertion sort is the fastest one
+constexpr u32 mostBuckets = 1024;
+constexpr u32 crowdedBucket = 24; // more edges than these in a bucket are left to the merge sort
 
-// What is known of a list after one look at it.
-struct ListExtent {
-    u32 count;
-    i32 leastX, mostX;
-    ScanEdge* last;
-};
-
-ListExtent extentOf(ScanEdge* first, const ScanEdge* end)
+// Inserts the edge into the first `count` edges, behind those with the same x.
+void insert(ScanEdge* edges, u32 count, ScanEdge edge)
 {
-    ListExtent extent = {.count = 0, .leastX = first->x, .mostX = first->x, .last = first};
-    for (ScanEdge* edge = first; edge != end; edge = edge->next) {
-        if (edge->x < extent.leastX) extent.leastX = edge->x;
-        if (edge->x > extent.mostX) extent.mostX = edge->x;
-        extent.last = edge;
-        ++extent.count;
-    }
-    return extent;
+    u32 place = count;
+    for (; place > 0 && edges[place - 1].x > edge.x; --place) edges[place] = edges[place - 1];
+    edges[place] = edge;
 }
 
-// The two sorts below take a list that ends with null, and of equal edges let the one that stands later in it come
-// first.
-
-ScanEdge* insertionSorted(ScanEdge* list)
+// Merges two sorted runs. Of equal edges those of the first run come first.
+void merge(const ScanEdge* first, const ScanEdge* firstEnd, const ScanEdge* second, const ScanEdge* secondEnd,
+           ScanEdge* to)
 {
-    ScanEdge* result = nullptr;
-    while (list) {
-        ScanEdge* const edge = list;
-        list = edge->next;
-        ScanEdge** link = &result;
-        while (*link && (*link)->x < edge->x) link = &(*link)->next;
-        edge->next = *link;
-        *link = edge;
-    }
-    return result;
+    while (first != firstEnd && second != secondEnd) *to++ = second->x < first->x ? *second++ : *first++;
+    while (first != firstEnd) *to++ = *first++;
+    while (second != secondEnd) *to++ = *second++;
 }
 
-// Merges two sorted lists that end with null. Of equal edges those of `later` come first.
-ScanEdge* merged(ScanEdge* later, ScanEdge* earlier)
+// A distribution into buckets of equal width, about as many as there are edges, and an insertion sort over all of them.
+// The edges are taken from the last to the first, which puts those with the same x in the order that is asked for.
+// Returns false, with nothing done, when too many edges would share a bucket.
+bool sortByBuckets(const ScanEdge* edges, u32 count, ScanEdge* sorted)
 {
-    ScanEdge* result = nullptr;
-    ScanEdge** link = &result;
-    while (later && earlier) {
-        ScanEdge*& taken = later->x <= earlier->x ? later : earlier;
-        *link = taken;
-        link = &taken->next;
-        taken = taken->next;
+    i32 least = edges[0].x;
+    i32 most = least;
+    for (u32 i = 1; i < count; ++i) {
+        const i32 x = edges[i].x;
+        least = x < least ? x : least;
+        most = x > most ? x : most;
     }
-    *link = later ? later : earlier;
-    return result;
-}
+    const u32 width = static_cast<u32>(most) - static_cast<u32>(least);
+    const u32 wanted = std::bit_ceil(count) < mostBuckets ? std::bit_ceil(count) : mostBuckets;
+    const u32 widthBits = static_cast<u32>(std::bit_width(width));
+    const u32 wantedBits = static_cast<u32>(std::bit_width(wanted - 1));
+    const u32 shift = widthBits > wantedBits ? widthBits - wantedBits : 0;
+    const auto bucketOf = [&](i32 x) { return (static_cast<u32>(x) - static_cast<u32>(least)) >> shift; };
 
-// A bottom-up merge sort.
-ScanEdge* mergeSorted(ScanEdge* list)
-{
-    // runs[i] is empty or holds 2^i edges, which stood in the list before those of the smaller runs.
-    ScanEdge* runs[32] = {};
-    while (list) {
-        ScanEdge* run = list;
-        list = list->next;
-        run->next = nullptr;
-        u32 i = 0;
-        for (; runs[i]; ++i) {
-            run = merged(run, runs[i]);
-            runs[i] = nullptr;
-        }
-        runs[i] = run;
+    u32 next[mostBuckets];
+    const u32 bucketCount = (width >> shift) + 1;
+    for (u32 i = 0; i < bucketCount; ++i) next[i] = 0;
+    for (u32 i = 0; i < count; ++i) ++next[bucketOf(edges[i].x)];
+    u32 place = 0;
+    for (u32 i = 0; i < bucketCount; ++i) {
+        const u32 size = next[i];
+        if (size > crowdedBucket) return false;
+        next[i] = place;
+        place += size;
     }
-    ScanEdge* result = nullptr;
-    for (ScanEdge* run : runs) {
-        if (run) result = merged(result, run);
-    }
-    return result;
-}
 
-bool isShort(const ScanEdge* list)
-{
-    i32 length = 0;
-    for (; list && length <= shortLength; list = list->next) ++length;
-    return length <= shortLength;
+    for (u32 i = count; i-- > 0;) sorted[next[bucketOf(edges[i].x)]++] = edges[i];
+    for (u32 i = 1; i < count; ++i) {
+        if (sorted[i - 1].x > sorted[i].x) insert(sorted, i, sorted[i]);
+    }
+    return true;
 }
 
 } // namespace
 
-ScanEdge* sortedByX(ScanEdge* first, ScanEdge* end)
+void sortStably(ScanEdge* edges, u32 count, ScanEdge* workspace)
 {
-    const ListExtent extent = extentOf(first, end);
-    extent.last->next = nullptr;
-
-    // The edges are dealt out to buckets of equal width, about as many as there are edges. Dealing puts each edge in
-    // front of its bucket and so turns the order of the list round; the sort of a bucket turns equal edges back.
-    const u32 width = static_cast<u32>(extent.mostX) - static_cast<u32>(extent.leastX);
-    const u32 wantedBits = static_cast<u32>(std::bit_width(extent.count - 1));
-    const u32 bucketBits = wantedBits < mostBucketBits ? wantedBits : mostBucketBits;
-    const u32 widthBits = static_cast<u32>(std::bit_width(width));
-    const u32 shift = widthBits > bucketBits ? widthBits - bucketBits : 0;
-
-    ScanEdge* buckets[1u << mostBucketBits];
-    const u32 bucketCount = (width >> shift) + 1;
-    for (u32 i = 0; i < bucketCount; ++i) buckets[i] = nullptr;
-    while (first) {
-        ScanEdge* const edge = first;
-        first = edge->next;
-        ScanEdge*& bucket = buckets[(static_cast<u32>(edge->x) - static_cast<u32>(extent.leastX)) >> shift];
-        edge->next = bucket;
-        bucket = edge;
+    ScanEdge* from = edges;
+    ScanEdge* to = workspace;
+    for (u32 run = 1; run < count; run *= 2) {
+        for (u32 first = 0; first < count; first += 2 * run) {
+            const u32 middle = first + run < count ? first + run : count;
+            const u32 end = middle + run < count ? middle + run : count;
+            merge(from + first, from + middle, from + middle, from + end, to + first);
+        }
+        ScanEdge* const merged = to;
+        to = from;
+        from = merged;
     }
+    if (from == edges) return;
+    for (u32 i = 0; i < count; ++i) edges[i] = from[i];
+}
 
-    ScanEdge* result = nullptr;
-    ScanEdge** link = &result;
-    for (u32 i = 0; i < bucketCount; ++i) {
-        *link = isShort(buckets[i]) ? insertionSorted(buckets[i]) : mergeSorted(buckets[i]);
-        while (*link) link = &(*link)->next;
+void sortStartingEdges(ScanEdge* edges, u32 count, ScanEdge* sorted)
+{
+    if (count <= shortCount) {
+        for (u32 i = 0; i < count; ++i) insert(sorted, i, edges[count - 1 - i]);
+        return;
     }
-    *link = end;
-    return result;
+    if (sortByBuckets(edges, count, sorted)) return;
+    for (u32 i = 0; i < count; ++i) sorted[i] = edges[count - 1 - i];
+    sortStably(sorted, count, edges);
 }
 
 } // namespace kardeno

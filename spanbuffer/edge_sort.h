@@ -1,14 +1,15 @@
-// A stable sort of edge lists by x, for the row lists of the edge table and for active lists in which many edges have
-// crossed. It takes no memory but the stack, and its time never grows with the square of the list's length.
+// Stable sorts of edges by x, for the edges that start on a row and for active edges of which many have crossed.
 #pragma once
 
 #include "spanbuffer/edge_table.h"
 
 namespace kardeno {
 
-// Sorts the list from `first` up to, not including, `end` by ascending x; edges with the same x keep their order. The
-// list is linked by `next` and has at least one edge. Returns the new first edge; the last one is linked to `end`. The
-// links `prev` are left as they are.
-ScanEdge* sortedByX(ScanEdge* first, ScanEdge* end);
+// Sorts the edges that start on a row into `sorted`, by ascending x. Of edges with the same x the one that was added
+// last comes first. `edges` is used as a work space as well.
+void sortStartingEdges(ScanEdge* edges, u32 count, ScanEdge* sorted);
+
+// Sorts edges by ascending x, in place; edges with the same x keep their order. The work space has room for as many.
+void sortStably(ScanEdge* edges, u32 count, ScanEdge* workspace);
 
 } // namespace kardeno

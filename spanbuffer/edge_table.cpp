@@ -1,108 +1,137 @@
 #include "spanbuffer/edge_table.h"
 
+#include "geometry/side_counts.h"
 #include "support/arithmetic.h"
+#include "support/reciprocals.h"
 
 #include <assert.h>
 
 namespace kardeno {
 
 constinit EdgePoolRecord EdgePool = {};
-constinit ScanEdge EdgeStartTable[scanlineCount] = {};
-constinit ScanEdge* EdgeEndTable[scanlineCount] = {};
-constinit ScanEdge LeftGuardEdge = {};
-constinit ScanEdge RightGuardEdge = {};
+constinit u32 EdgeStartTable[scanlineCount + 1] = {};
 
 namespace {
 
 constexpr f64 fixedOne = 65536.0;
 
-i32 columnToFixed(i32 column)
+// A row's slot in sideCounts.starting becomes the place of its next edge when the table is laid out.
+u32& nextEdgeOf(i32 row)
 {
-    return wrappingShiftLeft(column, 16);
+    return sideCounts.starting[row];
 }
 
-// Grows the pool by one step. A refusal leaves the pool as it was.
-EdgePass growEdgePool(HostContext& context)
+// The host moved the view's rectangle after emission had counted for it.
+void countAgain(const DrawnRectangle& drawn)
+{
+    PolygonList* const lists[] = {&resolvedPolygons, &sortedPolygons};
+    resetSideCounts(drawn);
+    for (PolygonList* list : lists) {
+        bool madeEdge = false;
+        const StoredPolygon* const end = list->end();
+        for (const StoredPolygon* polygon = list->held; polygon != end; polygon = following(polygon))
+            madeEdge = countSides(*polygon);
+        list->lastSideMakesEdge = madeEdge && list->lastIsStored;
+    }
+}
+
+bool growEdgePool(HostContext& context)
 {
     EdgePool.capacity += edgePoolGrowth;
-    const u32 bytes = static_cast<u32>(EdgePool.capacity) * u32{sizeof(ScanEdge)};
-    void* const block = context.realloc(EdgePool.edges, bytes);
+    void* const block = context.realloc(EdgePool.edges, static_cast<u32>(EdgePool.capacity) * edgePoolRecordBytes);
     if (!block) {
         EdgePool.capacity -= edgePoolGrowth;
-        return EdgePass::poolRefused;
+        return false;
     }
     EdgePool.edges = static_cast<ScanEdge*>(block);
-    return EdgePass::poolGrew;
+    return true;
 }
 
-// Adds the side from (xa, ya) to (xb, yb). A side that covers no row of the rectangle takes no record of the pool.
-void addSide(const DrawnRectangle& drawn, ScreenPolygon* polygon, f32 xa, i32 ya, f32 xb, i32 yb)
+// Grows the pool until every side that is looked at finds a free record.
+// Intended: a side needs room when it is looked at, horizontal or not. The last side of all is looked at after all
+// others have their edges.
+bool makeRoomForEdges(HostContext& context)
 {
-    const i32 dy = wrappingDifference(yb, ya);
-    if (dy == 0) return;
+    if (resolvedPolygons.count == 0 && sortedPolygons.count == 0) return true;
+    const PolygonList& last = sortedPolygons.count > 0 ? sortedPolygons : resolvedPolygons;
+    const i32 before = sideCounts.edges - (last.lastSideMakesEdge ? 1 : 0);
+    while (before >= EdgePool.capacity) {
+        if (!growEdgePool(context)) return false;
+    }
+    return true;
+}
 
+// Gives every row its part of the pool.
+void ResetEdgeTable(const DrawnRectangle& drawn)
+{
+    EdgePool.count = sideCounts.edges;
+    u32 place = 0;
+    for (i32 y = drawn.top; y < drawn.bottom; ++y) {
+        const u32 starting = sideCounts.starting[y];
+        EdgeStartTable[y] = place;
+        nextEdgeOf(y) = place;
+        place += starting;
+    }
+    if (drawn.top < drawn.bottom) EdgeStartTable[drawn.bottom] = place;
+}
+
+// Adds the side from a to b of a polygon; `side` has the polygon's state and whether it occludes. A side that covers no
+// row of the rectangle has no edge.
+void addSide(const DrawnRectangle& drawn, u32 side, const CornerPlace& a, const CornerPlace& b)
+{
+    const SideRows rows = rowsOfSide(a.y, b.y, drawn.top, drawn.bottom);
+    if (!rows.makesEdge) return;
+
+    const i32 dy = wrappingDifference(b.y, a.y);
     const bool down = dy > 0;
-    const i32 top = down ? ya : yb;
-    const i32 bottom = down ? yb : ya;
-    const i32 start = top < drawn.top ? drawn.top : top;
-    const i32 end = bottom > drawn.bottom ? drawn.bottom : bottom;
-    if (start >= end) return;
+    const CornerPlace& top = down ? a : b;
+    ScanEdge edge;
+    edge.x = truncated(top.x * fixedOne);
+    edge.xStep = 0; // is not looked at when the side ends on the next row
+    edge.side = side | (down ? ScanEdge::enters : 0);
+    edge.lastRow = rows.end - 1;
+    if (dy != 1 && dy != -1) {
+        edge.xStep = truncated(((static_cast<f64>(b.x) - a.x) * fixedOne) * reciprocal(dy));
+        edge.x = wrappingSum(edge.x, wrappingProduct(edge.xStep, wrappingDifference(rows.start, top.y)));
+    }
+    EdgePool.edges[nextEdgeOf(rows.start)++] = edge;
+}
 
-    assert(start >= 0 && end <= scanlineCount);
-    assert(EdgePool.count < EdgePool.capacity);
-    ScanEdge& edge = EdgePool.edges[EdgePool.count];
-    edge.entering = down ? 1 : 0;
-    edge.x = truncated((down ? xa : xb) * fixedOne);
-    edge.xStep = truncated(((static_cast<f64>(xb) - xa) * fixedOne) * (1.0 / dy));
-    edge.x = wrappingSum(edge.x, wrappingProduct(edge.xStep, start - top));
-    edge.polygon = polygon;
-
-    edge.next = EdgeStartTable[start].next;
-    EdgeStartTable[start].next = &edge;
-    edge.nextEnding = EdgeEndTable[end - 1];
-    EdgeEndTable[end - 1] = &edge;
-    ++EdgePool.count;
+// Adds all sides of a polygon, from corner 0 to corner 1 first.
+void AddPolygonEdges(const DrawnRectangle& drawn, const StoredPolygon& polygon)
+{
+    const CornerLayout layout = cornerLayouts[polygon.format];
+    const u8* const first = cornersOf(polygon);
+    const u8* corner = first;
+    const u32 side = polygon.state | (polygon.occludes ? ScanEdge::occludes : 0);
+    for (u32 a = 0; a < polygon.cornerCount; ++a) {
+        const u8* const next = a + 1 < polygon.cornerCount ? corner + layout.bytes : first;
+        addSide(drawn, side, placeOf(corner, layout), placeOf(next, layout));
+        corner = next;
+    }
 }
 
 } // namespace
 
-void setGuardEdges(const DrawnRectangle& drawn, ScreenPolygon* background)
+bool buildEdgeTable(HostContext& context, const DrawnRectangle& drawn)
 {
-    LeftGuardEdge.x = wrappingDifference(columnToFixed(drawn.left), 65536);
-    LeftGuardEdge.xStep = 0;
-    LeftGuardEdge.entering = 1;
-    LeftGuardEdge.next = &RightGuardEdge;
-    LeftGuardEdge.prev = nullptr;
-    LeftGuardEdge.polygon = background;
+    if (!areCountedFor(drawn)) countAgain(drawn);
+    if (!makeRoomForEdges(context)) return false;
+    ResetEdgeTable(drawn);
+    layOutStates();
 
-    RightGuardEdge.x = columnToFixed(drawn.right);
-    RightGuardEdge.xStep = 0;
-    RightGuardEdge.entering = 0;
-    RightGuardEdge.next = nullptr;
-    RightGuardEdge.prev = &LeftGuardEdge;
-    RightGuardEdge.polygon = background;
-}
-
-void ResetEdgeTable(const DrawnRectangle& drawn)
-{
-    EdgePool.count = 0;
-    for (i32 y = drawn.top; y < drawn.bottom; ++y) {
-        EdgeStartTable[y].next = &RightGuardEdge;
-        EdgeEndTable[y] = nullptr;
+    StateOffset state = firstPolygonState;
+    const PolygonList* const lists[] = {&resolvedPolygons, &sortedPolygons};
+    for (const PolygonList* list : lists) {
+        StoredPolygon* const end = list->end();
+        for (StoredPolygon* polygon = list->held; polygon != end; polygon = following(polygon)) {
+            polygon->state = state;
+            setState(state, *polygon);
+            AddPolygonEdges(drawn, *polygon);
+            state += sizeof(PolygonState);
+        }
     }
-}
-
-EdgePass AddPolygonEdges(HostContext& context, const DrawnRectangle& drawn, ScreenPolygon* polygon)
-{
-    const i32 count = polygon->vertexCount;
-    assert(count <= maxCorners);
-    for (i32 a = 0; a < count; ++a) {
-        // Intended: room is asked for before the side is looked at, horizontal or not.
-        if (EdgePool.count >= EdgePool.capacity) return growEdgePool(context);
-        const i32 b = a + 1 < count ? a + 1 : 0;
-        addSide(drawn, polygon, polygon->screenX[a], polygon->scanY[a], polygon->screenX[b], polygon->scanY[b]);
-    }
-    return EdgePass::done;
+    return true;
 }
 
 } // namespace kardeno

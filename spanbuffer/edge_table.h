@@ -1,76 +1,56 @@
-// The edge table: every side of the frame's polygons, listed twice, under the first and under the last scanline that it
-// covers. At each scanline the resolver sorts the edges that start there by x, merges them into its active edge list,
-// and removes those that end there.
+// The edge table: every side of the frame's polygons, under the first scanline that it covers. At each scanline the
+// resolver sorts the edges that start there by x and merges them into its active edges, and drops those that end there.
 //
-//   edges that start on row y:   EdgeStartTable[y].next -> edge -> edge -> RightGuardEdge      linked by `next`
-//   edges that end on row y:     EdgeEndTable[y] -> edge -> edge -> null                       linked by `nextEnding`
+// The edges live in a pool that grows through the host's realloc and is kept from frame to frame. How many edges start
+// on each row is known before the first one is made, so each is written to its place at once:
 //
-// Both lists begin with the edge that was added last.
+//   EdgeStartTable    0    0    3    3    7 ...       where the edges of a row begin; row 1 has three of them
+//   EdgePool          a b c d e f g ...               the edges of a row in the order in which they were added
 //
-// The edges live in a pool that grows through the host's realloc and is kept from frame to frame. A growth may move the
-// pool, which makes all links between edges stale. The edge pass, which adds the sides of all polygons, then starts
-// again from the beginning.
+// The table takes up half of the pool's block. The other half is where the resolver sorts and keeps its active edges.
 #pragma once
 
-#include "geometry/screen_polygon.h"
 #include "host/drawn_rectangle.h"
+#include "spanbuffer/polygon_states.h"
 
 namespace kardeno {
 
 inline constexpr i32 edgePoolGrowth = 4096;
 
+// Bytes of the pool's block for each edge that it has room for.
+inline constexpr u32 edgePoolRecordBytes = sizeof(void*) == 4 ? 32 : 56;
+
 // One side of a polygon. x and xStep are 16.16 fixed point.
 struct ScanEdge {
-    i32 x;          // on the current scanline; before the edge is active, on the first one that it covers
-    i32 xStep;      // from one scanline to the next
-    u32 entering;   // 1 when the side runs down the screen, so that a walk to the right enters the polygon; else 0
-    ScanEdge* next; // in the start list, then in the active edge list
-    ScanEdge* prev; // in the active edge list only
-    ScanEdge* nextEnding; // in the end list
-    ScreenPolygon* polygon;
-    u32 reserved;
+    i32 x;     // on the current scanline; before the edge is active, on the first one that it covers
+    i32 xStep; // from one scanline to the next
+    u32 side;  // the polygon's StateOffset and two flags
+    i32 lastRow;
+
+    // A side that runs down the screen is an entering edge: a walk to the right comes from outside the polygon.
+    static constexpr u32 enters = 1;
+    static constexpr u32 occludes = 2; // the polygon hides what lies farther
+    static constexpr u32 flags = enters | occludes;
+
+    bool entering() const { return side & enters; }
+    StateOffset polygon() const { return side & ~flags; }
 };
-KARDENO_SIZE(ScanEdge, 32, 56);
-KARDENO_OFFSET(ScanEdge, x, 0, 0);
-KARDENO_OFFSET(ScanEdge, xStep, 4, 4);
-KARDENO_OFFSET(ScanEdge, entering, 8, 8);
-KARDENO_OFFSET(ScanEdge, next, 12, 16);
-KARDENO_OFFSET(ScanEdge, prev, 16, 24);
-KARDENO_OFFSET(ScanEdge, nextEnding, 20, 32);
-KARDENO_OFFSET(ScanEdge, polygon, 24, 40);
-KARDENO_OFFSET(ScanEdge, reserved, 28, 48);
+static_assert(sizeof(ScanEdge) == 16 && 2 * sizeof(ScanEdge) <= edgePoolRecordBytes);
 
 struct EdgePoolRecord {
     ScanEdge* edges; // null until the first edge pass with a polygon
     i32 count;
     i32 capacity;
+
+    // The half of the block that is not the table.
+    ScanEdge* workspace() const { return edges + capacity; }
 };
 
 extern EdgePoolRecord EdgePool;
-extern ScanEdge EdgeStartTable[scanlineCount]; // row heads: only `next` is used
-extern ScanEdge* EdgeEndTable[scanlineCount];
+extern u32 EdgeStartTable[scanlineCount + 1];
 
-// The two ends of the active edge list; the right one also ends every start list. They stand at the sides of the drawn
-// rectangle and belong to the background polygon. Loops recognise them by address, not by x, so that an edge which a
-// rounding error has put beyond them does no harm.
-extern ScanEdge LeftGuardEdge;
-extern ScanEdge RightGuardEdge;
-
-// Sets the guards for a frame: one pixel left of the rectangle, and at its right side.
-void setGuardEdges(const DrawnRectangle& drawn, ScreenPolygon* background);
-
-// Empties the pool and the lists of all rows of the rectangle.
-void ResetEdgeTable(const DrawnRectangle& drawn);
-
-// How adding a polygon's edges ended.
-enum class EdgePass : i32 {
-    done = 0,
-    poolGrew = 1,   // the polygon is not complete, and the caller must start the edge pass again
-    poolRefused = 2 // the host gave no memory, and the caller must abandon the frame
-};
-
-// Adds the sides of a polygon to the table, each cut to the rows of the rectangle. A side that covers none of these
-// rows is left out.
-EdgePass AddPolygonEdges(HostContext& context, const DrawnRectangle& drawn, ScreenPolygon* polygon);
+// Builds the table of the frame from the polygons of the resolved lists, and their states with it. Returns false when
+// the pool could not grow, and the caller must abandon the frame.
+bool buildEdgeTable(HostContext& context, const DrawnRectangle& drawn);
 
 } // namespace kardeno

@@ -13,6 +13,7 @@
 namespace kardeno {
 
 using f32x4 = f32 __attribute__((vector_size(16)));
+using f64x4 = f64 __attribute__((vector_size(32))); // two registers
 using f64x2 = f64 __attribute__((vector_size(16)));
 using i32x4 = i32 __attribute__((vector_size(16)));
 using u32x4 = u32 __attribute__((vector_size(16)));
@@ -34,6 +35,19 @@ inline u16x8 loadedLanes(const u16* from)
 }
 
 inline void storeLanes(u16* to, u16x8 lanes)
+{
+    memcpy(to, &lanes, sizeof lanes);
+}
+
+// Four f32 in memory, which need no alignment beyond their own.
+inline f32x4 loadedLanes(const f32* from)
+{
+    f32x4 lanes;
+    memcpy(&lanes, from, sizeof lanes);
+    return lanes;
+}
+
+inline void storeLanes(f32* to, f32x4 lanes)
 {
     memcpy(to, &lanes, sizeof lanes);
 }

@@ -11,10 +11,10 @@ using namespace kardeno::tests;
 
 namespace {
 
-constexpr u32 edgeStep = 4096 * u32{sizeof(ScanEdge)};
-constexpr u32 listStep = 512 * u32{sizeof(ScreenPolygon)};
+constexpr u32 edgeStep = 4096 * edgePoolRecordBytes;
+constexpr u32 listStep = 512 * listRecordBytes;
 constexpr u32 sortStep = 512 * 4;
-constexpr u32 spanStep = 4096 * u32{sizeof(Span)};
+constexpr u32 spanStep = 4096 * spanPoolRecordBytes;
 
 // A grid of rectangles of two columns and one row, each in the colour of its number: 50 a row, two edges each.
 class Grid {
@@ -106,7 +106,8 @@ TEST_CASE("600 faces grow the list a second time and are all drawn")
                               2 * sortStep, edgeStep, spanStep});
 }
 
-TEST_CASE("a frame that restarts its edge pass gives the picture of one that fits, and walks the objects once")
+TEST_CASE(
+    "a frame that grows its edge pool step by step gives the picture of one that fits, and walks the objects once")
 {
     Grid grid(5000); // 10,000 edges: three steps of 4,096
     grid.scene.draw(grid.frame, 1);

@@ -83,7 +83,9 @@ TEST_CASE("the faces of a group and its parts are emitted in the order in which 
     scene.addFaces();
     scene.draw();
     std::vector<const SceneMaterial*> emitted, expected;
-    for (i32 i = 0; i < resolvedPolygons.count; ++i) emitted.push_back(resolvedPolygons.held[i].material);
+    for (const StoredPolygon* polygon = resolvedPolygons.held; polygon != resolvedPolygons.end();
+         polygon = following(polygon))
+        emitted.push_back(polygon->material);
     for (const TestObject* object : {&scene.G, &scene.P, &scene.S, &scene.L, &scene.other, &scene.below})
         expected.push_back(object->faces[0]->material);
     CHECK(emitted == expected);

@@ -47,7 +47,7 @@ TEST_CASE("a face whose test fails is not emitted")
     TestFace& last = walk.addFace(a, "a2");
     walk.draw();
     REQUIRE(resolvedPolygons.count == 2);
-    CHECK(resolvedPolygons.held[1].material == last.material);
+    CHECK(following(resolvedPolygons.held)->material == last.material);
 }
 
 TEST_CASE("bounds, light and vertices are asked of the level's own functions, on behalf of the object")

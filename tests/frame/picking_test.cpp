@@ -252,10 +252,14 @@ TEST_CASE("a pick asks for no memory and leaves the frame's lists alone")
     TestFrame frame(320, 200);
     scene.scene.draw(frame);
     scene.host.calls.clear();
-    const ScreenPolygon before = resolvedPolygons.held[0];
+    const auto bytesOfList = [] {
+        return std::vector<u8>(reinterpret_cast<const u8*>(resolvedPolygons.held),
+                               reinterpret_cast<const u8*>(resolvedPolygons.end()));
+    };
+    const std::vector<u8> before = bytesOfList();
     scene.addRectangle(object, 10, 10, 30, 30, 8);
     CHECK(scene.pick(20, 20).object == &object);
     CHECK(scene.host.calls.empty());
     CHECK(resolvedPolygons.count == 1);
-    CHECK(std::memcmp(&before, &resolvedPolygons.held[0], sizeof before) == 0);
+    CHECK(bytesOfList() == before);
 }

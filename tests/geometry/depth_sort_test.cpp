@@ -1,5 +1,6 @@
 // The order of see-through polygons. The passes are told apart by the work arrays that they write.
 #include "geometry/depth_sort.h"
+#include "geometry/list_storing.h"
 #include "tests/support/test_host.h"
 
 #include <doctest/doctest.h>
@@ -23,14 +24,21 @@ public:
         reservePolygon(host.context(), sortedPolygons);
         for (SortArray* array : {&sortArrays.sortOrder, &sortArrays.sortKeys, &sortArrays.sortScratch})
             std::fill_n(array->entries, 512, untouched);
-        for (const i32 key : keys) {
-            list.emplace_back();
-            list.back().maxDepth = key;
-        }
-        SortPolygonsByDepth(list.data(), static_cast<i32>(list.size()));
+        for (const i32 key : keys) add(key);
+        SortPolygonsByDepth(sortedPolygons);
     }
 
-    Indices order() const { return {sortArrays.sortOrder.entries, sortArrays.sortOrder.entries + list.size()}; }
+    // The numbers of the polygons in an array's first entries.
+    Indices numbersIn(const SortArray& array) const
+    {
+        Indices numbers;
+        for (size_t i = 0; i < positions.size(); ++i) {
+            const auto found = std::find(positions.begin(), positions.end(), array.entries[i]);
+            numbers.push_back(static_cast<u32>(found - positions.begin()));
+        }
+        return numbers;
+    }
+    Indices order() const { return numbersIn(sortArrays.sortOrder); }
     static bool wrote(const SortArray& array) { return array.entries[0] != untouched; }
     // 1 writes the order alone, 2 the keys too, 3 the scratch array too; 4 writes the keys twice.
     static i32 arraysWritten()
@@ -40,7 +48,19 @@ public:
 
 private:
     TestHost host;
-    std::vector<ScreenPolygon> list;
+    Indices positions; // of the polygons, in list order
+
+    // Polygons of different sizes, every second one with all its corners on one row.
+    void add(i32 key)
+    {
+        ScreenPolygon polygon = {};
+        polygon.vertexCount = 3 + static_cast<i32>(positions.size() % 14);
+        polygon.scanY[0] = positions.size() % 2 ? 5 : 0;
+        polygon.maxDepth = key;
+        StoredPolygon* const place = reservePolygon(host.context(), sortedPolygons);
+        storePolygon<PositionsOnly, SortedPolygons>(polygon, *place);
+        positions.push_back(positionIn(sortedPolygons, *place));
+    }
 };
 
 static Indices orderOf(const Keys& keys)
@@ -90,13 +110,13 @@ TEST_CASE("the third pass reads the scratch array, the fourth the keys")
         // them: by the low byte.
         const Sorting sorting({0x010003, 0x020002, 0x000001});
         CHECK(sorting.order() == Indices{2, 0, 1});
-        CHECK(Indices(sortArrays.sortKeys.entries, sortArrays.sortKeys.entries + 3) == Indices{2, 1, 0});
+        CHECK(sorting.numbersIn(sortArrays.sortKeys) == Indices{2, 1, 0});
     }
     {
         // Of four passes the third overwrites them: in order of the low three bytes.
         const Sorting sorting({0x01020003, 0x02010002, 0x00030001});
         CHECK(sorting.order() == Indices{2, 0, 1});
-        CHECK(Indices(sortArrays.sortKeys.entries, sortArrays.sortKeys.entries + 3) == Indices{1, 0, 2});
+        CHECK(sorting.numbersIn(sortArrays.sortKeys) == Indices{1, 0, 2});
     }
 }
 
@@ -143,6 +163,13 @@ TEST_CASE("with two passes a negative key sorts by its two lowest bytes")
 TEST_CASE("with four passes negative keys sort after every other key")
 {
     CHECK(orderOf({-1, 2147483647, -2147483647 - 1, 16777216, 0}) == Indices{4, 3, 1, 2, 0});
+}
+
+TEST_CASE("a polygon without rows counts as any other: the deepest one decides the number of passes")
+{
+    // Polygon 0 has all its corners on one row. Four passes take -256 as the largest of all; the one pass that 5 needs
+    // would take it as 0.
+    CHECK(orderOf({16777216, -256, 5}) == Indices{2, 0, 1});
 }
 
 TEST_CASE("a long list comes out as a stable sort would leave it")

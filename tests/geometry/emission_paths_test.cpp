@@ -6,33 +6,10 @@
 using namespace kardeno;
 using namespace kardeno::tests;
 
-namespace {
-
-constexpr f32 stale = -77;
-
-// Marks all arrays of the record that the next face of the list will take.
-void markNextRecord(PolygonList& list)
-{
-    ScreenPolygon& next = list.records[list.count];
-    for (i32 i = 0; i < maxCorners; ++i) next.viewX[i] = next.viewY[i] = next.viewZ[i] = stale;
-    next.maxDepth = -77;
-}
-
-// The first record makes the list.
-void makeRoom(OneFace& one)
-{
-    one.emitted<PositionsOnly, ResolvedPolygons>();
-    resetPolygonLists();
-    markNextRecord(resolvedPolygons);
-}
-
-} // namespace
-
 TEST_CASE("a face inside all six planes is projected into the cache, copied and never clipped")
 {
     OneFace one;
     one.triangle();
-    makeRoom(one);
     one.host.context().projectionStamp = 5;
     one.mode.clip = {}; // a call of any clipper would crash
     const ScreenPolygon* record = one.emittedWithOwnClippers<PositionsOnly, ResolvedPolygons>();
@@ -44,8 +21,8 @@ TEST_CASE("a face inside all six planes is projected into the cache, copied and 
     CHECK(outcodesOf(*record) == std::vector<u32>(3, outcodeAll));
     CHECK(valuesOf(*record, record->viewZ) == Values{1, 1, 1});
     // Camera-space X and Y are not filled on this path.
-    CHECK(valuesOf(*record, record->viewX) == Values{stale, stale, stale});
-    CHECK(valuesOf(*record, record->viewY) == Values{stale, stale, stale});
+    CHECK(valuesOf(*record, record->viewX) == Values{unsetValue, unsetValue, unsetValue});
+    CHECK(valuesOf(*record, record->viewY) == Values{unsetValue, unsetValue, unsetValue});
     for (const u32 stamp : one.host.stamps) CHECK(stamp == 5);
     CHECK(one.host.screenVertices[2].x == 20);
     CHECK(one.host.screenVertices[2].y == 20);

@@ -56,7 +56,7 @@ TEST_CASE("a clipper runs when some corner lies outside its plane: near, far, ri
         one.mode.clip = notingClippers;
         calledPlanes.clear();
         emptyingPlane = planeCount;
-        CHECK(one.emittedWithOwnClippers<PositionsOnly, ResolvedPolygons>() != nullptr);
+        CHECK(one.isTaken<ResolvedPolygons>(emit<PositionsOnly, ResolvedPolygons>));
 
         std::vector<u32> expected;
         for (u32 plane = near; plane < planeCount; ++plane) {
@@ -75,7 +75,7 @@ TEST_CASE("a clipper that leaves fewer than 3 corners ends the face: none after 
         one.mode.clip = notingClippers;
         calledPlanes.clear();
         emptyingPlane = plane;
-        CHECK(one.emittedWithOwnClippers<LitTextured, SortedPolygons>() == nullptr);
+        CHECK_FALSE(one.isTaken<SortedPolygons>(emit<LitTextured, SortedPolygons>));
         CHECK(sortedPolygons.count == 0);
         CHECK(calledPlanes.size() == plane + 1);
         CHECK(calledPlanes.back() == plane);
@@ -128,10 +128,7 @@ TEST_CASE("sorted lists record the largest truncated depth; the resolved list le
     one.corner({9, -9, 3.5f});
     CHECK(one.emitted<PositionsOnly, SortedPolygons>()->maxDepth == 7);
 
-    one.emitted<PositionsOnly, ResolvedPolygons>();
-    resetPolygonLists();
-    resolvedPolygons.records[0].maxDepth = -77;
-    CHECK(one.emitted<PositionsOnly, ResolvedPolygons>()->maxDepth == -77);
+    CHECK(one.emitted<PositionsOnly, ResolvedPolygons>()->maxDepth == static_cast<i32>(unsetWord));
 }
 
 TEST_CASE("the depth of the first corner counts too")
@@ -186,7 +183,7 @@ TEST_CASE("the sort depth looks at the corners before the sides are cut: as many
     CHECK(record->vertexCount == 3);
     CHECK(record->maxDepth == 50);
 
-    // The next face gains a corner, in whose place the record holds a depth of earlier.
+    // The next face gains a corner, in whose place the record holds a depth of 195.
     const i32 vertices[] = {0, 0, 1};
     fewer.face.vertexCount = 3;
     fewer.face.vertexIndices = vertices;
@@ -305,26 +302,23 @@ TEST_CASE("a record starts the frame with its material, its colour, no spans, an
 {
     OneFace one;
     one.triangle();
-    one.emitted<PositionsOnly, ResolvedPolygons>();
-    resetPolygonLists();
-    ScreenPolygon& next = resolvedPolygons.records[0];
-    std::memset(static_cast<void*>(&next), 0x33, sizeof next);
     one.colour = 0xf81e;
-    REQUIRE(one.emitted<PositionsOnly, ResolvedPolygons>() == &next);
+    const ScreenPolygon* record = one.emitted<PositionsOnly, ResolvedPolygons>();
+    REQUIRE(record != nullptr);
 
-    CHECK(next.material == &one.material);
-    CHECK(next.faceColour == 0xf81e);
-    CHECK(next.spanHead == -1);
-    CHECK(next.activeCount == 0);
-    CHECK(next.occludes == 1);
-    CHECK(next.engineFlag == 1);
-    // What the span buffer sets for itself is left unset, and nothing touches the reserved words.
-    CHECK(next.engineWord == 0x33333333);
+    CHECK(record->material == &one.material);
+    CHECK(record->faceColour == 0xf81e);
+    CHECK(record->spanHead == -1);
+    CHECK(record->activeCount == 0);
+    CHECK(record->occludes == 1);
+    CHECK(record->engineFlag == 1);
+    // What emission has no value for is left unset, and nothing touches the reserved words.
+    CHECK(record->engineWord == static_cast<i32>(unsetWord));
     uintptr_t unset;
-    std::memset(&unset, 0x33, sizeof unset);
-    CHECK(reinterpret_cast<uintptr_t>(next.above) == unset);
-    CHECK(reinterpret_cast<uintptr_t>(next.below) == unset);
-    for (const u32 word : next.reserved) CHECK(word == 0x33333333);
+    std::memset(&unset, unsetByte, sizeof unset);
+    CHECK(reinterpret_cast<uintptr_t>(record->above) == unset);
+    CHECK(reinterpret_cast<uintptr_t>(record->below) == unset);
+    for (const u32 word : record->reserved) CHECK(word == unsetWord);
 }
 
 TEST_CASE("records of the sorted list are see-through")
@@ -357,6 +351,6 @@ TEST_CASE("the clippers are those of the row that the material points at")
     one.mode.clip = idleClippers;
     one.privateRecord.mode = &other;
     calledPlanes.clear();
-    CHECK(one.emittedWithOwnClippers<PositionsOnly, ResolvedPolygons>() != nullptr);
+    CHECK(one.isTaken<ResolvedPolygons>(emit<PositionsOnly, ResolvedPolygons>));
     CHECK(calledPlanes == std::vector<u32>{right});
 }

@@ -22,7 +22,7 @@ std::vector<u32> takenRequests(TestHost& host)
 TEST_CASE(
     "a late billboard as the first polygon ever grows its list and the sort arrays; other lists then only their own")
 {
-    constexpr u32 records = 512 * sizeof(ScreenPolygon);
+    constexpr u32 records = 512 * listRecordBytes;
     constexpr u32 words = 512 * 4;
     OneFace one;
     one.screenCorner(10, 10);

@@ -1,4 +1,6 @@
-// One face of a material of its own, handed to an emission routine directly, and what is seen of the record it becomes.
+// One face of a material of its own, handed to an emission routine directly, and what is seen of the polygon that it
+// becomes. There are two ways to see it: the screen polygon that the long way of emission makes, which has the outcodes
+// and the camera space too, and the polygon that the list stores. Wherever a test looks at the one, both are compared.
 #pragma once
 
 #include "geometry/billboards.h"
@@ -6,7 +8,11 @@
 #include "tests/support/test_host.h"
 #include "tests/support/test_view.h"
 
+#include <doctest/doctest.h>
+
+#include <bit>
 #include <cstring>
+#include <deque>
 
 namespace kardeno::tests {
 
@@ -30,6 +36,11 @@ inline std::vector<u32> outcodesOf(const ScreenPolygon& polygon)
 {
     return std::vector<u32>(polygon.outcode, polygon.outcode + polygon.vertexCount);
 }
+
+// What a screen polygon is full of before it is made. As a number it is 195.26.
+constexpr u8 unsetByte = 0x43;
+constexpr u32 unsetWord = 0x43434343;
+inline const f32 unsetValue = std::bit_cast<f32>(unsetWord);
 
 // A face that is given corner by corner. Its texture is 64 x 32 texels.
 class OneFace {
@@ -85,7 +96,7 @@ public:
         screenCorner(20, 20);
     }
 
-    // The record that the face becomes; null when it is dropped. The clippers are those of the format.
+    // The screen polygon that the face becomes; null when it is dropped. The clippers are those of the format.
     template <class Format, class TargetList>
     ScreenPolygon* emitted()
     {
@@ -93,31 +104,81 @@ public:
         return emittedWithOwnClippers<Format, TargetList>();
     }
 
-    // The same with the clippers that stand in `mode`.
+    // The same with the clippers that stand in `mode`. They run twice when the face is taken.
     template <class Format, class TargetList>
     ScreenPolygon* emittedWithOwnClippers()
     {
-        return recordOf<TargetList>(emit<Format, TargetList>);
+        if (!isTaken<TargetList>(emit<Format, TargetList>)) return nullptr;
+        ScreenPolygon& record = unsetRecord();
+        REQUIRE(makePolygon<Format, TargetList>(host.context(), view.record, face, record));
+        compareWithStored<Format, TargetList>(record);
+        return &record;
     }
 
     template <class TargetList>
     ScreenPolygon* emittedBillboard()
     {
         mode.clip = clippers<Textured>;
-        return recordOf<TargetList>(emitBillboard<TargetList>);
+        if (!isTaken<TargetList>(emitBillboard<TargetList>)) return nullptr;
+        ScreenPolygon& record = unsetRecord();
+        REQUIRE(makeBillboard<TargetList>(host.context(), view.record, face, record));
+        compareWithStored<Textured, TargetList>(record);
+        return &record;
+    }
+
+    // Emits the face and looks at nothing but whether the list took it.
+    template <class TargetList>
+    bool isTaken(EmitRoutine routine)
+    {
+        const i32 before = TargetList::list().count;
+        routine(&view.record, &face);
+        return TargetList::list().count != before;
     }
 
 private:
     std::vector<i32> indices;
     std::vector<TexCoord> texCoords;
+    std::deque<ScreenPolygon> records; // those that tests still look at stay where they are
 
-    template <class TargetList>
-    ScreenPolygon* recordOf(EmitRoutine routine)
+    ScreenPolygon& unsetRecord()
+    {
+        ScreenPolygon& record = records.emplace_back();
+        std::memset(static_cast<void*>(&record), unsetByte, sizeof record);
+        return record;
+    }
+
+    // Checks that the polygon that the list took last is this one, in everything that is stored of it.
+    template <class Format, class TargetList>
+    static void compareWithStored(const ScreenPolygon& record)
     {
         const PolygonList& list = TargetList::list();
-        const i32 before = list.count;
-        routine(&view.record, &face);
-        return list.count == before ? nullptr : &list.held[list.count - 1];
+        if (!list.lastIsStored) {
+            CHECK_FALSE(TargetList::sorted);
+            for (i32 i = 0; i < record.vertexCount; ++i) CHECK(record.scanY[i] == record.scanY[0]);
+            return;
+        }
+        const auto& stored =
+            *reinterpret_cast<const StoredPolygon*>(reinterpret_cast<const u8*>(list.end()) - list.lastBytes);
+        CHECK(stored.format == Format::id);
+        CHECK(stored.bytes == list.lastBytes);
+        CHECK(stored.state == unseenState);
+
+        ScreenPolygon expanded;
+        expand(stored, expanded);
+        CHECK(expanded.vertexCount == record.vertexCount);
+        CHECK(expanded.material == record.material);
+        CHECK(expanded.faceColour == record.faceColour);
+        CHECK(expanded.occludes == record.occludes);
+        if (TargetList::sorted) CHECK(expanded.maxDepth == record.maxDepth);
+        if (TargetList::resolved) CHECK(std::memcmp(&expanded.invDepthStepX, &record.invDepthStepX, 3 * 4) == 0);
+        const auto sameValues = [&](const auto& one, const auto& other) {
+            return std::memcmp(&one, &other, static_cast<size_t>(record.vertexCount) * 4) == 0;
+        };
+        CHECK(sameValues(expanded.screenX, record.screenX));
+        CHECK(sameValues(expanded.scanY, record.scanY));
+        if (isInPerspective<Format>) CHECK(sameValues(expanded.invDepth, record.invDepth));
+        Format::Attributes::forEach(
+            [&]<class Attribute>() { CHECK(sameValues(expanded.*Attribute::values, record.*Attribute::values)); });
     }
 };
 

@@ -14,7 +14,7 @@ using namespace kardeno::tests;
 
 namespace {
 
-constexpr u32 recordBytes = sizeof(ScreenPolygon);
+constexpr u32 recordBytes = listRecordBytes;
 constexpr u32 stepBytes = 512 * recordBytes;
 
 using Numbers = std::vector<i32>;
@@ -29,7 +29,7 @@ bool contains(const Numbers& numbers, i32 number)
 
 bool emitOne(OneFace& one)
 {
-    return one.emitted<PositionsOnly, ResolvedPolygons>() != nullptr;
+    return one.isTaken<ResolvedPolygons>(emit<PositionsOnly, ResolvedPolygons>);
 }
 
 i32 emitMany(OneFace& one, i32 times)
@@ -216,15 +216,20 @@ TEST_CASE(
         CHECK(sortArrays.sortKeys.entries == before.keys);
         CHECK(sortArrays.sortScratch.entries == before.scratch);
         CHECK(sortArrays.capacity == 512);
-        const auto* const moved = static_cast<const ScreenPolygon*>(one.host.calls[0].result);
+        const auto* const moved = static_cast<const StoredPolygon*>(one.host.calls[0].result);
         one.host.calls.clear();
 
         // What the list took earlier is found in the block that really holds it.
         CHECK(emitMany(one, 600) == 0);
         CHECK(resolvedPolygons.count == 512);
         CHECK(resolvedPolygons.held == moved);
-        CHECK(resolvedPolygons.held[0].vertexCount == 3);
-        CHECK(resolvedPolygons.held[511].screenX[2] == 20);
+        i32 found = 0;
+        for (const StoredPolygon* polygon = moved; polygon != resolvedPolygons.end(); polygon = following(polygon)) {
+            constexpr CornerLayout layout = cornerLayout<PositionsOnly>;
+            CHECK(placeOf(cornersOf(*polygon) + 2 * layout.bytes, layout).x == 20);
+            ++found;
+        }
+        CHECK(found == 512);
 
         resetPolygonLists();
         CHECK(emitMany(one, 600) == 0);
@@ -334,7 +339,7 @@ TEST_CASE(
 
             // Another list that needs longer sort arrays: they have room for 512.
             i32 taken = 0;
-            for (i32 i = 0; i < 513; ++i) taken += one.emitted<PositionsOnly, SortedPolygons>() != nullptr;
+            for (i32 i = 0; i < 513; ++i) taken += one.isTaken<SortedPolygons>(emit<PositionsOnly, SortedPolygons>);
             CHECK(taken == 513);
             REQUIRE(one.host.calls.size() == 5); // the list's first 512 records; then the list and the sort arrays
             const void* const old[] = {before.order, before.keys, before.scratch};

@@ -8,13 +8,13 @@ using namespace kardeno::tests;
 
 namespace {
 
-constexpr u32 recordBytes = sizeof(ScreenPolygon);
+constexpr u32 recordBytes = listRecordBytes;
 
 // Emits the face so many times into a list.
 template <class TargetList>
 void emitTimes(OneFace& one, i32 times)
 {
-    for (i32 i = 0; i < times; ++i) REQUIRE(one.emitted<PositionsOnly, TargetList>() != nullptr);
+    for (i32 i = 0; i < times; ++i) REQUIRE(one.isTaken<TargetList>(emit<PositionsOnly, TargetList>));
 }
 
 void leaveTwoCorners(const RenderView*, ScreenPolygon* polygon)
@@ -118,9 +118,14 @@ TEST_CASE("the records that a list holds survive its growth, wherever the host p
         emitTimes<ResolvedPolygons>(one, 1);
     }
     bool same = true;
-    for (i32 i = 0; i < 600; ++i) same = same && resolvedPolygons.records[i].faceColour == i;
+    const StoredPolygon* polygon = resolvedPolygons.held;
+    for (i32 i = 0; i < 600; ++i, polygon = following(polygon)) same = same && polygon->faceColour == i;
     CHECK(same);
-    CHECK(corners(resolvedPolygons.records[0]) == Corners{{10, 10}, {10, 20}, {20, 20}});
+    CHECK(polygon == resolvedPolygons.end());
+    ScreenPolygon first;
+    expand(*resolvedPolygons.held, first);
+    CHECK(first.screenX[2] == 20);
+    CHECK(first.scanY[2] == 20);
 }
 
 TEST_CASE("the sort arrays grow only when they are too short for the list that grows")
@@ -160,24 +165,29 @@ TEST_CASE("the three lists grow apart from each other")
     CHECK(sortedPolygons.records != lateSortedPolygons.records);
 }
 
-TEST_CASE("a new frame empties the lists, keeps their memory and begins again with record 0, stale arrays included")
+TEST_CASE("a new frame empties the lists, keeps their memory and begins again at its start")
 {
     OneFace one;
     one.triangle();
-    const ScreenPolygon* const first = one.emitted<Textured, ResolvedPolygons>();
+    REQUIRE(one.emitted<Textured, ResolvedPolygons>() != nullptr);
     emitTimes<SortedPolygons>(one, 1);
-    CHECK(valuesOf(*first, first->texU) == Values{76.8f, 76.8f, 76.8f});
+    const StoredPolygon* const first = resolvedPolygons.held;
     one.host.calls.clear();
 
     resetPolygonLists();
-    CHECK(resolvedPolygons.count == 0);
-    CHECK(sortedPolygons.count == 0);
-    CHECK(lateSortedPolygons.count == 0);
+    for (const PolygonList* list : {&resolvedPolygons, &sortedPolygons, &lateSortedPolygons}) {
+        CHECK(list->count == 0);
+        CHECK(list->storedCount == 0);
+        CHECK(list->end() == list->held);
+    }
     CHECK(resolvedPolygons.capacity == 512);
     CHECK(sortArrays.capacity == 512);
 
-    CHECK(one.emitted<PositionsOnly, ResolvedPolygons>() == first);
-    CHECK(valuesOf(*first, first->texU) == Values{76.8f, 76.8f, 76.8f}); // of the frame before
+    CHECK(one.emitted<PositionsOnly, ResolvedPolygons>() != nullptr);
+    CHECK(resolvedPolygons.held == first);
+    CHECK(first->format == positionsOnly);
+    CHECK(first->bytesBefore == 0);
+    CHECK(following(first) == resolvedPolygons.end());
     CHECK(one.host.calls.empty());
 }
 
@@ -194,7 +204,7 @@ TEST_CASE("frames of the same size allocate nothing after the first")
     CHECK(one.host.calls.empty());
 }
 
-TEST_CASE("a record that was abandoned half-written is taken by the next face")
+TEST_CASE("the place of a face that was dropped half-way is taken by the next one")
 {
     OneFace one;
     one.triangle();
@@ -204,11 +214,13 @@ TEST_CASE("a record that was abandoned half-written is taken by the next face")
     one.mode.clip.rightPlane = leaveTwoCorners;
     CHECK(one.emittedWithOwnClippers<PositionsOnly, ResolvedPolygons>() == nullptr);
     CHECK(resolvedPolygons.count == 1);
-    CHECK(resolvedPolygons.records[1].vertexCount == 2);
+    const StoredPolygon* const place = resolvedPolygons.end();
 
     one.host.outcodes[0] = outcodeAll;
-    CHECK(one.emitted<PositionsOnly, ResolvedPolygons>() == &resolvedPolygons.records[1]);
-    CHECK(resolvedPolygons.records[1].vertexCount == 3);
+    CHECK(one.emitted<PositionsOnly, ResolvedPolygons>() != nullptr);
+    CHECK(following(resolvedPolygons.held) == place);
+    CHECK(following(place) == resolvedPolygons.end());
+    CHECK(place->cornerCount == 3);
 }
 
 TEST_CASE("a face that turns out invisible makes room in a full list all the same")

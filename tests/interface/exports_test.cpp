@@ -97,7 +97,7 @@ TEST_CASE("releasing the renderer frees nothing: the next frame draws with the s
     material.diffuseColour.packed = 0x1234;
     scene.addFace(scene.addRoot(), material, TestScene::rectangle(0, 0, 8, 8));
     scene.draw(frame);
-    const ScreenPolygon* const records = resolvedPolygons.records;
+    const StoredPolygon* const records = resolvedPolygons.records;
     host.calls.clear();
 
     Kardeno_Release_Render_Dll(nullptr);
@@ -119,7 +119,7 @@ TEST_CASE("initialising again replaces the context and rebuilds the tables; mate
     scene.addFace(scene.addRoot(), material, TestScene::rectangle(0, 0, 8, 8));
     scene.draw(frame);
     const RenderMode* const row = material.renderPrivate->mode;
-    const ScreenPolygon* const records = resolvedPolygons.records;
+    const StoredPolygon* const records = resolvedPolygons.records;
     CHECK(colourScaleTables.greenScale[255 * 256 + 0x3f] == 0x7e0);
 
     const auto second = std::make_unique<HostContext>(host.context());

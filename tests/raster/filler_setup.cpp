@@ -31,12 +31,11 @@ Pixels pixelsOf(const std::string& text)
 void SpanLists::give(ScreenPolygon& polygon, const std::vector<Run>& runs)
 {
     polygon.spanHead = runs.empty() ? -1 : static_cast<i32>(spans.size());
-    for (size_t i = 0; i < runs.size(); ++i) {
-        const i32 next = i + 1 < runs.size() ? static_cast<i32>(spans.size()) + 1 : -1;
-        spans.push_back({runs[i].x, runs[i].length, runs[i].y, next});
-    }
-    SpanPool.spans = SpanPool.held = spans.data();
-    SpanPool.count = SpanPool.capacity = SpanPool.heldCapacity = static_cast<i32>(spans.size());
+    for (const Run& run : runs)
+        spans.push_back({static_cast<i16>(run.x), static_cast<u16>(run.length), static_cast<u16>(run.y), 0});
+    if (!runs.empty()) spans.back().isLast = 1;
+    SpanPool.held = SpanPool.spans = reinterpret_cast<MadeSpan*>(spans.data());
+    SpanPool.heldCapacity = SpanPool.capacity = 0; // which puts the sorted half where the block begins
 }
 
 namespace {

@@ -88,9 +88,9 @@ TEST_CASE("the spans of a list may lie anywhere in the pool")
 {
     const TestHost host;
     ScreenPolygon polygon = slopedPolygon();
-    Span pool[] = {{1, 1, 5, -1}, {2, 2, 5, 0}, {9, 9, 9, 9}, {3, 3, 5, 1}};
-    SpanPool.held = pool;
-    polygon.spanHead = 3;
+    Span pool[] = {{9, 9, 9, 1}, {3, 3, 5, 0}, {2, 2, 5, 0}, {1, 1, 5, 1}, {9, 9, 9, 0}};
+    SpanPool.held = reinterpret_cast<MadeSpan*>(pool);
+    polygon.spanHead = 1;
     std::vector<i32> seen;
     forEachSpan(polygon, [&](const Span& span) { seen.push_back(span.x); });
     CHECK(seen == std::vector<i32>{3, 2, 1});
@@ -100,8 +100,13 @@ TEST_CASE("spans are found in the block that holds them, whatever the pool's sto
 {
     const TestHost host;
     ScreenPolygon polygon = slopedPolygon();
-    Span pool[] = {{4, 1, 5, -1}};
-    SpanPool.held = pool;
+    // A block with room for two spans, of which one was made.
+    struct {
+        MadeSpan made[2] = {};
+        Span sorted[2] = {{4, 1, 5, 1}, {}};
+    } pool;
+    SpanPool.held = pool.made;
+    SpanPool.heldCapacity = 2;
     SpanPool.spans = nullptr;
     polygon.spanHead = 0;
     forEachSpan(polygon, [](const Span& span) { CHECK(span.x == 4); });

@@ -1,5 +1,6 @@
 #include "tests/reference/comparison.h"
 
+#include "raster/run_fills.h"
 #include "tests/reference/reference_spans.h"
 #include "tests/support/seeds.h"
 
@@ -179,11 +180,12 @@ std::string comparePicks(RandomScene& scene, f32 x, f32 y)
     return libraryFace == modelFace && std::memcmp(&libraryDepth, &modelDepth, sizeof(f32)) == 0 ? "" : text;
 }
 
-Compared compareScenes(u32 firstSeed, u32 count, const SceneChoice& choice)
+Compared compareScenes(u32 firstSeed, u32 count, const SceneChoice& choice, Fillers fillers)
 {
     Compared compared;
     forEachSeed(firstSeed, count, [&](u32 seed) {
-        RandomScene scene(seed, choice, referenceRenderer());
+        RandomScene scene(seed, choice, referenceRenderer()); // which initialises the library anew
+        if (fillers == Fillers::plain) std::fill_n(RunFillers, renderModeRowCount, RunFiller{nullptr});
         ++compared.scenes;
         for (i32 frame = 0; frame < framesOfScene; ++frame) {
             CAPTURE(frame);

@@ -24,7 +24,10 @@ struct Compared {
     i32 mostGrowths = 0;  // of lists and pools in one scene
 };
 
+// Which fillers draw the library's frames: those that a frame takes, or only the plain ones.
+enum class Fillers { usual, plain };
+
 // Builds the scenes of `count` seeds and compares frames and picks of each; the first difference ends the test case.
-Compared compareScenes(u32 firstSeed, u32 count, const SceneChoice& choice);
+Compared compareScenes(u32 firstSeed, u32 count, const SceneChoice& choice, Fillers fillers = Fillers::usual);
 
 } // namespace kardeno::tests

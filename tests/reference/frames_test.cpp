@@ -86,6 +86,48 @@ TEST_CASE("frames in whose middle every list and pool grows are drawn alike")
     checkOverAllSeeds(compare(10000000, 10, Theme::crowds).mostGrowths >= 14);
 }
 
+TEST_CASE("meshes of tens of thousands of small faces are drawn alike")
+{
+    const Compared compared =
+        compareScenes(12000000, 2, {.theme = Theme::meshes, .crowd = static_cast<i32>(150 / reduction)});
+    checkOverAllSeeds(compared.polygonsSeen >= compared.scenes * 1000);
+}
+
+TEST_CASE("64 layers over one another are drawn alike")
+{
+    const Compared compared = compareScenes(13000000, 100 / reduction, {.theme = Theme::layers, .crowd = 64});
+    checkOverAllSeeds(compared.polygonsSeen >= 2 * compared.scenes);
+}
+
+TEST_CASE("16,000 edges that start on one row are drawn alike")
+{
+    const Compared compared =
+        compareScenes(14000000, 4, {.theme = Theme::fullRows, .crowd = static_cast<i32>(8000 / reduction)});
+    checkOverAllSeeds(compared.polygonsSeen >= compared.scenes * 20);
+}
+
+TEST_CASE("edges of which hundreds cross on a row are drawn alike")
+{
+    const Compared compared = compareScenes(15000000, 40 / reduction, {.theme = Theme::crossings, .crowd = 300});
+    checkOverAllSeeds(compared.polygonsSeen >= compared.scenes * 20);
+}
+
+TEST_CASE("the plain fillers alone draw every row and every kind of scene alike")
+{
+    for (i32 row = 0; row < reference::rowCount; ++row) {
+        const reference::Row chosen = static_cast<reference::Row>(row);
+        CAPTURE(std::string(reference::nameOf(chosen)));
+        const u32 firstSeed = 16000000 + 10000 * static_cast<u32>(row);
+        compareScenes(firstSeed, 20 / reduction, {Theme::oneRow, chosen}, Fillers::plain);
+    }
+    for (const Theme theme : {Theme::everything, Theme::trees, Theme::seeThrough, Theme::slivers, Theme::billboards,
+                              Theme::clipped, Theme::loosePlanes}) {
+        CAPTURE(static_cast<i32>(theme));
+        compareScenes(17000000 + 10000 * static_cast<u32>(theme), 30 / reduction, {theme, {}}, Fillers::plain);
+    }
+    compareScenes(18000000, 10 / reduction, {Theme::tallAndWide, {}}, Fillers::plain);
+}
+
 TEST_CASE("views that cannot be drawn are refused alike, and picked alike")
 {
     constexpr f32 infinite = std::numeric_limits<f32>::infinity();

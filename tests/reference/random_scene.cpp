@@ -62,8 +62,9 @@ RandomScene::RandomScene(u32 seed, const SceneChoice& sceneChoice, reference::Re
 
     i32 faces = random.chance(70) ? random.integer(1, 20) : random.integer(20, 60);
     if (choice.theme == Theme::crowds) faces = random.integer(3000, 5000);
+    if (choice.crowd > 0) faces = 1; // the one object has them all
     while (faceCount < faces) {
-        if (choice.theme == Theme::trees || random.chance(5)) {
+        if (choice.theme == Theme::trees || (choice.crowd == 0 && random.chance(5))) {
             addTree(nullptr, 0);
             if (choice.theme == Theme::trees && random.chance(30)) return;
         } else {
@@ -94,7 +95,7 @@ void RandomScene::chooseSize()
     const Size small[] = {{64, 48}, {64, 48}, {64, 64}, {96, 64}, {128, 64}, {128, 96}, {160, 100}, {320, 200}};
     const Size extreme[] = {{8, 4096}, {24, 2100}, {3000, 12}};
     Size size = choice.theme == Theme::tallAndWide ? random.oneOf(extreme) : random.oneOf(small);
-    if (choice.theme == Theme::crowds) size = {320, 200};
+    if (choice.theme == Theme::crowds || choice.theme == Theme::meshes) size = {320, 200};
     frameWidth = size.width;
     frameHeight = size.height;
 }
@@ -244,6 +245,10 @@ void RandomScene::addShape(TestObject& object, Geometry& geometry)
     case Theme::billboards: shape = random.oneOf(billboards); break;
     case Theme::clipped:
     case Theme::loosePlanes: shape = random.oneOf(clipped); break;
+    case Theme::meshes: shape = &RandomScene::addMesh; break;
+    case Theme::layers: shape = &RandomScene::addLayers; break;
+    case Theme::fullRows: shape = &RandomScene::addFullRow; break;
+    case Theme::crossings: shape = &RandomScene::addCrossings; break;
     default: break;
     }
     (this->*shape)(object, geometry);

@@ -17,12 +17,17 @@ enum class Theme {
     clipped,     // solids around the near and the far plane and across the sides
     loosePlanes, // outcodes of clipped corners that do not fit the view, so that polygons reach beyond it
     tallAndWide, // the most rows that there may be, and long rows
-    crowds       // so many faces, edges and spans that every list grows in the middle of a frame
+    crowds,      // so many faces, edges and spans that every list grows in the middle of a frame
+    meshes,      // nets of many thousands of faces of a few pixels each
+    layers,      // dozens of polygons over one another everywhere
+    fullRows,    // thousands of edges that start on one row
+    crossings    // edges of which very many cross between two rows
 };
 
 struct SceneChoice {
     Theme theme = Theme::everything;
     reference::Row row = reference::Row::unlitPlain; // of Theme::oneRow
+    i32 crowd = 0;                                   // how much there is of the last four themes
 };
 
 // One object's share of the vertex arrays. They are filled when the host prepares the object, as in an engine, so that
@@ -82,6 +87,10 @@ private:
     void addBox(TestObject& object, Geometry& geometry);
     void addSolidPolygon(TestObject& object, Geometry& geometry);
     void addSpoiltPolygon(TestObject& object, Geometry& geometry);
+    void addMesh(TestObject& object, Geometry& geometry);
+    void addLayers(TestObject& object, Geometry& geometry);
+    void addFullRow(TestObject& object, Geometry& geometry);
+    void addCrossings(TestObject& object, Geometry& geometry);
     i32 addVertex(Geometry& geometry, f64 x, f64 y, f64 z);
     i32 addScreenVertex(Geometry& geometry, f64 screenX, f64 screenY, f64 z);
     void addFace(TestObject& object, const Geometry& geometry, std::vector<i32> corners);

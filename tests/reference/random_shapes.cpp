@@ -347,4 +347,81 @@ void RandomScene::addSpoiltPolygon(TestObject& object, Geometry& geometry)
     face.texCoords = face.coordinates.data();
 }
 
+// A net over the whole frame, 100 cells high and as many wide as the crowd says, of two triangles a cell. Neighbours
+// share their corners, so that edge lies on edge everywhere.
+void RandomScene::addMesh(TestObject& object, Geometry& geometry)
+{
+    constexpr i32 rows = 100;
+    const i32 columns = choice.crowd;
+    const f64 width = 1.2 * frameWidth / columns, height = 1.2 * frameHeight / rows;
+    const f64 z = randomDepth();
+    const f64 shake = random.chance(50) ? 0 : 0.4;
+    for (i32 row = 0; row <= rows; ++row) {
+        for (i32 column = 0; column <= columns; ++column) {
+            const f64 x = width * (column + random.real(-shake, shake)) - 0.1 * frameWidth;
+            const f64 y = height * (row + random.real(-shake, shake)) - 0.1 * frameHeight;
+            addScreenVertex(geometry, x, y, z * (1 + random.real(0, shake)));
+        }
+    }
+    for (i32 row = 0; row < rows; ++row) {
+        for (i32 column = 0; column < columns; ++column) {
+            const i32 first = row * (columns + 1) + column;
+            const i32 below = first + columns + 1;
+            addFace(object, geometry, {first, below, below + 1});
+            addFace(object, geometry, {first, below + 1, first + 1});
+        }
+    }
+}
+
+// Quadrilaterals that cover most of the frame, at any depths and slants.
+void RandomScene::addLayers(TestObject& object, Geometry& geometry)
+{
+    for (i32 count = choice.crowd; count > 0; --count) {
+        const f64 z = randomDepth();
+        const f64 slopeX = random.real(-0.4, 0.4) / frameWidth, slopeY = random.real(-0.4, 0.4) / frameHeight;
+        const f64 ends[4][2] = {{0, 0}, {0, 1}, {1, 1}, {1, 0}};
+        std::vector<i32> corners;
+        for (const f64(&end)[2] : ends) {
+            const f64 x = (end[0] + random.real(-0.2, 0.2)) * frameWidth;
+            const f64 y = (end[1] + random.real(-0.2, 0.2)) * frameHeight;
+            corners.push_back(addScreenVertex(geometry, x, y, z / (1 + slopeX * x + slopeY * y)));
+        }
+        addFace(object, geometry, corners);
+    }
+}
+
+// Narrow posts that all begin on one row, many of them at the same column.
+void RandomScene::addFullRow(TestObject& object, Geometry& geometry)
+{
+    const f64 top = random.integer(0, frameHeight / 2);
+    const i32 columnsPerPost = random.integer(1, 8);
+    const bool crowded = random.chance(50); // then nine of ten stand in a tenth of the row
+    for (i32 count = choice.crowd; count > 0; --count) {
+        const f64 place = random.real(0, crowded && random.chance(90) ? 0.1 : 1) * frameWidth;
+        const f64 x = random.chance(30) ? std::floor(place) : place;
+        const f64 xEnd = x + random.real(0, columnsPerPost);
+        const f64 bottom = top + random.integer(1, 6);
+        const f64 lean = random.chance(50) ? 0 : random.real(-2, 2);
+        const f64 z = randomDepth();
+        addFace(object, geometry,
+                {addScreenVertex(geometry, x, top, z), addScreenVertex(geometry, x + lean, bottom, z),
+                 addScreenVertex(geometry, xEnd + lean, bottom, z), addScreenVertex(geometry, xEnd, top, z)});
+    }
+}
+
+// Posts from anywhere on the uppermost rows to anywhere on the lowest ones.
+void RandomScene::addCrossings(TestObject& object, Geometry& geometry)
+{
+    const f64 height = random.real(0.05, 1) * frameHeight; // low ones cross within a few rows
+    for (i32 count = choice.crowd; count > 0; --count) {
+        const f64 x = random.real(0, 1) * frameWidth, xBelow = random.real(0, 1) * frameWidth;
+        const f64 width = random.real(0.2, 12);
+        const f64 top = random.integer(0, 3), bottom = height + random.integer(0, 3);
+        const f64 z = randomDepth();
+        addFace(object, geometry,
+                {addScreenVertex(geometry, x, top, z), addScreenVertex(geometry, xBelow, bottom, z),
+                 addScreenVertex(geometry, xBelow + width, bottom, z), addScreenVertex(geometry, x + width, top, z)});
+    }
+}
+
 } // namespace kardeno::tests

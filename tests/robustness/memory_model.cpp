@@ -68,7 +68,7 @@ bool MemoryModel::reserve(ModelList& list)
     const i32 count = static_cast<i32>(list.faces.size());
     if (list.capacity <= count) {
         list.capacity += listStep;
-        const void* const block = expectRealloc("a list", list.stored, list.capacity, sizeof(ScreenPolygon));
+        const void* const block = expectRealloc("a list", list.stored, list.capacity, listRecordBytes);
         if (block) {
             list.real = block;
             list.room = list.capacity;
@@ -84,7 +84,7 @@ bool MemoryModel::reserve(ModelList& list)
     return list.stored && list.stored == list.real && count < list.room;
 }
 
-// Every side asks for room, the level ones too; a growth begins the pass again.
+// Every side asks for room, the level ones too. A growth goes through all sides again.
 bool MemoryModel::fileEdges(const GridScene& grid)
 {
     std::vector<i32> order = resolved.faces;
@@ -96,7 +96,8 @@ bool MemoryModel::fileEdges(const GridScene& grid)
         for (i32 side = 0; side < 2 * down + 2 && !grown; ++side) {
             if (count >= edges.capacity) {
                 edges.capacity += poolStep;
-                const void* const block = expectRealloc("the edge pool", edges.real, edges.capacity, sizeof(ScanEdge));
+                const void* const block =
+                    expectRealloc("the edge pool", edges.real, edges.capacity, edgePoolRecordBytes);
                 if (!block) {
                     edges.capacity -= poolStep;
                     return false;
@@ -119,7 +120,7 @@ i32 MemoryModel::storedRuns(i32 runs, bool& refused)
 {
     while (runs > spans.capacity) {
         const i32 capacity = spans.capacity + poolStep;
-        const void* const block = expectRealloc("the span pool", spans.real, capacity, sizeof(Span));
+        const void* const block = expectRealloc("the span pool", spans.real, capacity, spanPoolRecordBytes);
         refused = !block;
         if (refused) return spans.capacity;
         spans.real = block;
@@ -188,7 +189,8 @@ void MemoryModel::compareRecords(bool spansRefused)
         complain("what is stored of the edge pool is not as the rules leave it");
 
     // A refused span pool keeps the raised capacity, and its base moves back by a step's bytes.
-    const uintptr_t base = reinterpret_cast<uintptr_t>(spans.real) - (spansRefused ? poolStep * sizeof(Span) : 0u);
+    const uintptr_t base =
+        reinterpret_cast<uintptr_t>(spans.real) - (spansRefused ? poolStep * spanPoolRecordBytes : 0u);
     if (reinterpret_cast<uintptr_t>(SpanPool.spans) != base
         || SpanPool.capacity != spans.capacity + (spansRefused ? poolStep : 0))
         complain("what is stored of the span pool is not as the rules leave it");

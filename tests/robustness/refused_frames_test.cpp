@@ -118,7 +118,7 @@ TEST_CASE("a scene past 1,024 faces in each list and past 4,096 edges grows ever
         CHECK(call.kind == ServiceCall::realloc);
         sizes.push_back(call.bytes);
     }
-    constexpr u32 record = sizeof(ScreenPolygon), edge = sizeof(ScanEdge), span = sizeof(Span);
+    constexpr u32 record = listRecordBytes, edge = edgePoolRecordBytes, span = spanPoolRecordBytes;
     const std::vector<u32> expected = {
         512 * record,  512 * 4,     512 * 4,  512 * 4,  // the first resolved face
         512 * record,                                   // the first sorted face

@@ -16,27 +16,34 @@ struct VisibleSpan {
     bool operator==(const VisibleSpan&) const = default;
 };
 
-inline std::vector<VisibleSpan> spansOf(const ScreenPolygon& polygon)
+inline std::vector<VisibleSpan> visibleSpansOf(StateOffset polygon)
 {
     std::vector<VisibleSpan> spans;
-    for (i32 index = polygon.spanHead; index != -1; index = SpanPool.held[index].next) {
-        const Span& span = SpanPool.held[index];
-        spans.push_back({span.x, span.length, span.y});
-    }
+    for (const Span& span : spansOf(polygon)) spans.push_back({span.x, span.length, span.y});
     return spans;
 }
 
 inline std::vector<VisibleSpan> backgroundSpans()
 {
-    return spansOf(BackgroundPolygon);
+    return visibleSpansOf(BackgroundPolygon);
 }
 
-// Of every polygon of a list, in list order.
+// Of every polygon of a list that is stored, in list order.
 inline std::vector<std::vector<VisibleSpan>> spansOf(const PolygonList& list)
 {
     std::vector<std::vector<VisibleSpan>> spans;
-    for (i32 i = 0; i < list.count; ++i) spans.push_back(spansOf(list.held[i]));
+    for (const StoredPolygon* polygon = list.held; polygon != list.end(); polygon = following(polygon))
+        spans.push_back(visibleSpansOf(polygon->state));
     return spans;
+}
+
+// The outlines of all polygons of a list that are stored, in list order.
+inline std::vector<ScreenPolygon> outlinesOf(const PolygonList& list)
+{
+    std::vector<ScreenPolygon> outlines;
+    for (const StoredPolygon* polygon = list.held; polygon != list.end(); polygon = following(polygon))
+        expand(*polygon, outlines.emplace_back());
+    return outlines;
 }
 
 // Gives the pools of edges and spans back, as if no frame had been drawn yet.

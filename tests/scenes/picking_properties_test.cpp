@@ -1,6 +1,7 @@
 // Picking and drawing agree about which face lies at a pixel.
 #include "geometry/polygon_lists.h"
 #include "scenes/random_scene.h"
+#include "tests/scenes/frame_spans.h"
 #include "tests/support/seeds.h"
 #include "tests/support/test_frame.h"
 
@@ -25,15 +26,15 @@ f64 squareDistance(f64 x, f64 y, f64 ax, f64 ay, f64 bx, f64 by)
 
 // Whether no side of any polygon on the screen passes within two and a half pixels of the point. A polygon owns the
 // columns from the floor of its left side's x to that of its right side's, and its sides begin on the row into which
-// their upper vertex falls: what is drawn lies up to a column and a row beside the outline.
+// their upper vertex falls: what is drawn lies up to a column and a row beside the outline. The outline is known by its
+// truncated rows, which lie up to one more row beside it.
 bool isClearOfAllSides(f64 x, f64 y)
 {
-    for (i32 i = 0; i < resolvedPolygons.count; ++i) {
-        const ScreenPolygon& polygon = resolvedPolygons.held[i];
+    for (const ScreenPolygon& polygon : outlinesOf(resolvedPolygons)) {
         for (i32 a = 0; a < polygon.vertexCount; ++a) {
             const i32 b = (a + 1) % polygon.vertexCount;
-            if (squareDistance(x, y, polygon.screenX[a], polygon.screenY[a], polygon.screenX[b], polygon.screenY[b])
-                < 2.5 * 2.5)
+            if (squareDistance(x, y, polygon.screenX[a], polygon.scanY[a], polygon.screenX[b], polygon.scanY[b])
+                < 3.5 * 3.5)
                 return false;
         }
     }

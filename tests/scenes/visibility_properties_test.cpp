@@ -122,10 +122,10 @@ TEST_CASE("corners that lie exactly on the sides of the picture leave no gap and
         coverage.add(backgroundSpans());
         CHECK(coverage.isExactly(1, 0, 0));
         CHECK(frame.fencesStand());
-        for (i32 i = 0; i < resolvedPolygons.count; ++i) {
-            const ScreenPolygon& polygon = resolvedPolygons.held[i];
+        for (const ScreenPolygon& polygon : outlinesOf(resolvedPolygons)) {
             for (i32 corner = 0; corner < polygon.vertexCount; ++corner) {
-                const f32 x = polygon.screenX[corner], y = polygon.screenY[corner];
+                const f32 x = polygon.screenX[corner];
+                const i32 y = polygon.scanY[corner];
                 cornersBeyond += x < 0 || x > 2048 || y < 0 || y > 64;
             }
         }

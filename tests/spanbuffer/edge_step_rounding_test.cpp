@@ -13,6 +13,6 @@ TEST_CASE("the reciprocal of an edge's rows is not rounded to f32")
     // would make it 2^26 + 2.
     SpanScene scene({.right = 8192});
     scene.add({{0, 0}, {3072, 3}, {4000, 3}});
-    REQUIRE(scene.buildEdgeTable() == EdgePass::done);
+    REQUIRE(scene.buildEdgeTable());
     CHECK(EdgePool.edges[0].xStep == 67108864);
 }

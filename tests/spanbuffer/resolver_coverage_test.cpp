@@ -38,7 +38,7 @@ TEST_CASE("a frame without rows or without columns yields no spans and asks for 
                                                TestView::Settings{.left = 20, .right = 10, .bottom = 5}}) {
         SpanScene scene(settings);
         scene.resolve();
-        CHECK(BackgroundPolygon.spanHead == -1);
+        CHECK(runsOf(BackgroundPolygon).empty());
         CHECK(scene.host.calls.empty());
     }
 }
@@ -167,7 +167,7 @@ TEST_CASE("a polygon left before it is entered is shown only from where the coun
     const ScreenPolygon& twisted = scene.add({{2, 4}, {2, 0}, {4, 0}, {4, 4}, {8, 4}, {8, 0}, {6, 0}, {6, 4}});
     scene.resolve();
     for (i32 row = 0; row < 4; ++row) CHECK(runsOf(twisted, row) == Runs{{6, 8, row}});
-    CHECK(twisted.activeCount == 0);
+    CHECK(stateAt(scene.stateOf(0)).activeCount == 0);
 }
 
 TEST_CASE("on the row of its upper corner a triangle whose sides start at one x is left first and not shown")
@@ -180,20 +180,16 @@ TEST_CASE("on the row of its upper corner a triangle whose sides start at one x 
     CHECK(runsOf(triangle) == Runs{{8, 12, 1}});
 }
 
-TEST_CASE("after the last row no polygon is counted inside and the stack holds its two ends")
+TEST_CASE("after the last row no polygon is counted inside, and every polygon is ready for its spans to be read")
 {
     SpanScene scene({.right = 30, .bottom = 6});
     scene.addRectangle(2, 0, 20, 6, 1);
     scene.addSeeThrough(4, 1, 25, 5, 2);
     scene.addRectangle(6, 2, 8, 7, 3);
     scene.resolve();
-    for (const ScreenPolygon& polygon : scene.polygons) CHECK(polygon.activeCount == 0);
-    CHECK(StackTopPolygon.below == &BackgroundPolygon);
-    CHECK(BackgroundPolygon.above == &StackTopPolygon);
-    CHECK(BackgroundPolygon.below == &BackgroundPolygon);
-    CHECK(BackgroundPolygon.engineFlag == 1);
-    CHECK(LeftGuardEdge.next == &RightGuardEdge);
-    CHECK(RightGuardEdge.prev == &LeftGuardEdge);
+    for (size_t i = 0; i < scene.polygons.size(); ++i) CHECK(stateAt(scene.stateOf(i)).activeCount == 0);
+    CHECK(stateAt(BackgroundPolygon).activeCount == 0);
+    CHECK(runsOf(StackTopPolygon).empty());
 }
 
 TEST_CASE("spans are cut to the rectangle's columns, and what lies wholly outside makes none")
@@ -211,20 +207,22 @@ TEST_CASE("spans are cut to the rectangle's columns, and what lies wholly outsid
 
 TEST_CASE("both ends of the stack start a frame as an empty one")
 {
-    BackgroundPolygon.engineFlag = 0;
-    StackTopPolygon.engineFlag = 1;
-    BackgroundPolygon.spanHead = StackTopPolygon.spanHead = 7;
-    setStackEnds();
-    for (const ScreenPolygon* end : {&BackgroundPolygon, &StackTopPolygon}) {
-        CHECK(end->faceColour == 0);
-        CHECK(end->spanHead == -1);
-        CHECK(end->invDepthStepX == 0);
-        CHECK(end->invDepthStepY == 0);
-        CHECK(end->invDepthOrigin == -1000000.0f);
-        CHECK(end->occludes == 1);
-        CHECK(end->below == &BackgroundPolygon);
-        CHECK(end->above == &StackTopPolygon);
+    const TestHost host;
+    for (i32 frame = 0; frame < 2; ++frame) {
+        layOutStates();
+        for (const StateOffset end : {BackgroundPolygon, StackTopPolygon}) {
+            PolygonState& state = stateAt(end);
+            CHECK(state.spanCount == 0);
+            CHECK(state.activeCount == 0);
+            CHECK(state.invDepthStepX == 0);
+            CHECK(state.invDepthStepY == 0);
+            CHECK(state.invDepthOrigin == -1000000.0f);
+            CHECK(state.occludes == 1);
+            CHECK(state.below == BackgroundPolygon);
+            CHECK(state.above == StackTopPolygon);
+            CHECK(state.isVisible == (end == BackgroundPolygon ? 1 : 0));
+            state.spanCount = state.firstSpan = state.spansEnd = 7;
+            state.isVisible = !state.isVisible;
+        }
     }
-    CHECK(BackgroundPolygon.engineFlag == 1);
-    CHECK(StackTopPolygon.engineFlag == 0);
 }

@@ -126,7 +126,7 @@ TEST_CASE("opaque spans and the background together tile every row exactly once"
         scene.resolve();
 
         i32 owners[height][width] = {};
-        const auto paint = [&](const ScreenPolygon& polygon) {
+        const auto paint = [&](const auto& polygon) {
             for (const Run& run : runsOf(polygon)) {
                 REQUIRE(run.x >= 0);
                 REQUIRE(run.x < run.xEnd);

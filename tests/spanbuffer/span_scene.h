@@ -1,6 +1,7 @@
 // Polygons in the span buffer alone: filed and resolved as a frame does it, their spans read back as plain values.
 #pragma once
 
+#include "geometry/list_storing.h"
 #include "spanbuffer/edge_sort.h"
 #include "spanbuffer/edge_table.h"
 #include "spanbuffer/scanline_resolver.h"
@@ -26,19 +27,32 @@ inline std::ostream& operator<<(std::ostream& out, const Runs& runs)
     return out;
 }
 
-// The spans of a polygon, in the order of its list.
+inline Run runOf(const Span& span)
+{
+    return {span.x, span.x + span.length, span.y};
+}
+
+// The spans of a polygon, in the order of its list. BackgroundPolygon may be given instead of one.
 inline Runs runsOf(const ScreenPolygon& polygon)
 {
     Runs runs;
-    for (i32 index = polygon.spanHead; index != -1; index = SpanPool.held[index].next) {
-        const Span& span = SpanPool.held[index];
-        runs.push_back({span.x, span.x + span.length, span.y});
-    }
+    if (polygon.spanHead == -1) return runs;
+    const Span* span = SpanPool.sorted() + polygon.spanHead;
+    for (; !span->isLast; ++span) runs.push_back(runOf(*span));
+    runs.push_back(runOf(*span));
+    return runs;
+}
+
+inline Runs runsOf(StateOffset polygon)
+{
+    Runs runs;
+    for (const Span& span : spansOf(polygon)) runs.push_back(runOf(span));
     return runs;
 }
 
 // The spans of one row only.
-inline Runs runsOf(const ScreenPolygon& polygon, i32 row)
+template <class Polygon>
+Runs runsOf(const Polygon& polygon, i32 row)
 {
     Runs runs;
     for (const Run& run : runsOf(polygon)) {
@@ -47,33 +61,30 @@ inline Runs runsOf(const ScreenPolygon& polygon, i32 row)
     return runs;
 }
 
+using Edges = std::vector<ScanEdge>;
+
 // The edges that start on a row, sorted as the resolver sorts them when it comes to the row.
-inline std::vector<const ScanEdge*> edgesStartingOn(i32 row)
+inline Edges edgesStartingOn(i32 row)
 {
-    ScanEdge& head = EdgeStartTable[row];
-    if (head.next != &RightGuardEdge) head.next = sortedByX(head.next, &RightGuardEdge);
-    std::vector<const ScanEdge*> edges;
-    for (const ScanEdge* edge = head.next; edge != &RightGuardEdge; edge = edge->next) edges.push_back(edge);
-    return edges;
+    Edges edges(EdgePool.edges + EdgeStartTable[row], EdgePool.edges + EdgeStartTable[row + 1]);
+    Edges sorted(edges.size());
+    sortStartingEdges(edges.data(), static_cast<u32>(edges.size()), sorted.data());
+    return sorted;
 }
 
 // The edges whose last row this is.
-inline std::vector<const ScanEdge*> edgesEndingOn(i32 row)
+inline Edges edgesEndingOn(i32 row)
 {
-    std::vector<const ScanEdge*> edges;
-    for (const ScanEdge* edge = EdgeEndTable[row]; edge; edge = edge->nextEnding) edges.push_back(edge);
+    Edges edges(EdgePool.edges, EdgePool.edges + EdgePool.count);
+    std::erase_if(edges, [row](const ScanEdge& edge) { return edge.lastRow != row; });
     return edges;
 }
 
-// One frame's polygons.
+// One frame's polygons. They are stored in the resolved list, in a block that has just as much room as a list of so
+// many polygons is sure to have.
 class SpanScene {
 public:
-    explicit SpanScene(const TestView::Settings& settings = {}) : view(settings)
-    {
-        setStackEnds();
-        setGuardEdges(drawn(), &BackgroundPolygon);
-        ResetEdgeTable(drawn());
-    }
+    explicit SpanScene(const TestView::Settings& settings = {}) : view(settings) {}
 
     TestHost host;
     TestView view;
@@ -99,38 +110,51 @@ public:
     // The view's rectangle in whole pixels.
     DrawnRectangle drawn() const { return truncatedRectangle(view.record); }
 
-    // The edges of all polygons, in the order in which they were added; begins again when the pool grew.
-    EdgePass buildEdgeTable()
+    // Stores all polygons in the order in which they were added, as emission does, and builds the edge table from them.
+    bool buildEdgeTable()
     {
-        EdgePass result;
-        do {
-            ResetEdgeTable(drawn());
-            result = EdgePass::done;
-            for (ScreenPolygon& polygon : polygons) {
-                if ((result = AddPolygonEdges(host.context(), drawn(), &polygon)) != EdgePass::done) break;
-            }
-        } while (result == EdgePass::poolGrew);
-        return result;
+        storePolygons();
+        return kardeno::buildEdgeTable(host.context(), drawn());
     }
 
-    // A whole frame up to the spans. May be called again: what emission sets is set anew.
+    // A whole frame up to the spans. May be called again.
     void resolve()
     {
-        for (ScreenPolygon& polygon : polygons) {
-            polygon.spanHead = -1;
-            polygon.activeCount = 0;
-            polygon.engineFlag = 1;
-        }
-        setStackEnds();
-        setGuardEdges(drawn(), &BackgroundPolygon);
-        if (buildEdgeTable() != EdgePass::done) return;
+        for (ScreenPolygon& polygon : polygons) polygon.spanHead = -1;
+        if (!buildEdgeTable()) return;
         resetSpanPool();
-        ResolveScanlines(
-            host.context(), drawn(), view.record.top,
-            {EdgeStartTable, EdgeEndTable, &LeftGuardEdge, &RightGuardEdge, &StackTopPolygon, &BackgroundPolygon});
+        ResolveScanlines(host.context(), drawn(), view.record.top);
+        for (size_t i = 0; i < polygons.size(); ++i) {
+            const PolygonState& state = stateAt(stateOf(i));
+            if (state.spanCount > 0) polygons[i].spanHead = static_cast<i32>(state.firstSpan);
+        }
     }
 
+    // The state of the i-th polygon that was added, once the edge table is built.
+    StateOffset stateOf(size_t i) const { return stored[i] ? stored[i]->state : unseenState; }
+
     std::deque<ScreenPolygon> polygons;
+
+private:
+    std::vector<u8> block;
+    std::vector<const StoredPolygon*> stored; // null for a polygon that is counted only
+
+    void storePolygons()
+    {
+        resetPolygonLists();
+        resetSideCounts(drawn());
+        block.assign(polygons.size() * listRecordBytes, 0);
+        stored.clear();
+        PolygonList& list = resolvedPolygons;
+        list.records = list.held = reinterpret_cast<StoredPolygon*>(block.data());
+        list.capacity = list.heldCapacity = static_cast<i32>(polygons.size());
+        for (const ScreenPolygon& polygon : polygons) {
+            StoredPolygon* const place = list.end();
+            storePolygon<PositionsOnly, ResolvedPolygons>(polygon, *place);
+            place->occludes = polygon.occludes != 0;
+            stored.push_back(list.end() == place ? nullptr : place);
+        }
+    }
 };
 
 inline void setPlane(ScreenPolygon& polygon, f32 stepX, f32 stepY, f32 origin)

@@ -67,6 +67,7 @@ void forgetPools()
     sortedPolygons = {};
     lateSortedPolygons = {};
     sortArrays = {};
+    polygonStates = nullptr;
 }
 
 TestHost::TestHost(i32 bitsPerPixel) : record(std::make_unique<HostContext>())
