@@ -1,0 +1,78 @@
+"""Runs programs in turns.
+
+A machine changes its pace from minute to minute, the more so when others use it. Therefore each round runs all programs
+once, one after another, and a program's figure is the median over the rounds of the median of its frames.
+"""
+import json
+import os
+import subprocess
+import sys
+
+from figures import median, spread
+
+
+class Program:
+    def __init__(self, name, command, environment=None):
+        self.name = name
+        self.command = [str(word) for word in command]
+        self.environment = environment
+
+
+class Result:
+    """What the rounds of one program found."""
+
+    def __init__(self, rounds):
+        self.medians = [median(found["milliseconds"]) for found in rounds]
+        self.median = median(self.medians)
+        self.spread = spread(self.medians)
+        self.pixels = rounds[0].get("pixels")
+
+    def as_json(self):
+        return {"milliseconds": self.median, "rounds": self.medians, "pixels": self.pixels}
+
+
+def run(program, processor=None, seconds=600):
+    """Runs a program that prints one line of JSON; ends this one with a sentence when it fails."""
+    def bind():
+        if processor is not None:
+            os.sched_setaffinity(0, {processor})
+
+    environment = {**os.environ, **(program.environment or {})}
+    try:
+        done = subprocess.run(program.command, capture_output=True, text=True, timeout=seconds, preexec_fn=bind,
+                              env=environment)
+    except subprocess.TimeoutExpired:
+        sys.exit(f"bench: {program.name} took longer than {seconds} seconds: {' '.join(program.command)}")
+    if done.returncode != 0:
+        sys.exit(f"bench: {program.name} failed: {done.stderr.strip()}\n  {' '.join(program.command)}")
+    return json.loads(done.stdout)
+
+
+class Progress:
+    """A line on the terminal that is written again and again; without a terminal one line for each task."""
+
+    def __init__(self, tasks):
+        self.tasks, self.done = tasks, 0
+        self.live = sys.stderr.isatty()
+
+    def say(self, text):
+        if self.live:
+            print(f"\r\033[K[{self.done + 1}/{self.tasks}] {text}", end="", file=sys.stderr, flush=True)
+
+    def finish(self, text):
+        self.done += 1
+        if not self.live:
+            print(f"[{self.done}/{self.tasks}] {text}", file=sys.stderr, flush=True)
+        elif self.done == self.tasks:
+            print("\r\033[K", end="", file=sys.stderr, flush=True)
+
+
+def in_turns(programs, rounds, progress, label, processor=None):
+    """A Result for each program, by its name."""
+    found = {program.name: [] for program in programs}
+    for turn in range(rounds):
+        for program in programs:
+            progress.say(f"{label}, round {turn + 1} of {rounds}, {program.name}")
+            found[program.name].append(run(program, processor))
+    progress.finish(label)
+    return {name: Result(results) for name, results in found.items()}
