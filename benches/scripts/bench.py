@@ -8,9 +8,10 @@ from pathlib import Path
 
 import growth_scenes
 import machine
+import routine_tables
 from cells import growth_cells, named_cells, neutral_cells, sample_cells, write_scene
 from figures import markdown_table, number, ratio, text_table, times
-from turns import Program, Progress, in_turns
+from turns import Program, Progress, in_turns, run_lines
 
 TOP = machine.TOP
 MESH_MODEL = TOP / "cache/mesh_model/bunny.obj"
@@ -187,6 +188,19 @@ def growth(options):
     warn_of_pixels(report, differing)
 
 
+def routines(options):
+    build = build_programs(options.build, "routines_bench")
+    report = Report(options, build)
+    command = Program("routines_bench", [build / "routines_bench", "--rounds", options.rounds, *options.routine])
+    found = run_lines(command, options.processor)
+    if not found:
+        fail("there are no such routines")
+    report.table("Inner routines, ns a pixel on spans of so many pixels; CPU time, median of the rounds",
+                 routine_tables.HEADS, routine_tables.table_of(found, options.both_formats), found)
+    if any(not one["same pixels"] for one in found):
+        report.remark("\n(!) marks packed routines that draw other pixels than the plain ones.")
+
+
 def add_common_options(parser, rounds):
     parser.add_argument("--build", default="linux-i386", metavar="PRESET", help="the build (%(default)s)")
     parser.add_argument("--json", metavar="FILE", help="also write all figures to this file")
@@ -219,6 +233,12 @@ def main():
     add_common_options(command, rounds=3)
     add_library_option(command)
     command.set_defaults(run=growth)
+
+    command = commands.add_parser("routines", help="the inner routines of the fillers, each alone")
+    command.add_argument("routine", nargs="*", help="how its name begins; all without one")
+    command.add_argument("--both-formats", action="store_true", help="those for 5-5-5 too")
+    add_common_options(command, rounds=9)
+    command.set_defaults(run=routines)
 
     options = parser.parse_args()
     options.run(options)

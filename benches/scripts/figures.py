@@ -21,7 +21,7 @@ def number(value):
     """A number with about three digits that count, or a dash for None."""
     if value is None:
         return "-"
-    for limit, digits in ((0.0995, 4), (0.995, 3), (99.95, 2), (999.5, 1)):
+    for limit, digits in ((0.09995, 4), (0.9995, 3), (99.95, 2), (999.5, 1)):
         if abs(value) < limit:
             return f"{value:.{digits}f}"
     return f"{value:.0f}"

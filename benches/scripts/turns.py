@@ -31,21 +31,31 @@ class Result:
         return {"milliseconds": self.median, "rounds": self.medians, "pixels": self.pixels}
 
 
-def run(program, processor=None, seconds=600):
-    """Runs a program that prints one line of JSON; ends this one with a sentence when it fails."""
+def output_of(program, processor=None, seconds=600):
+    """What a program prints; ends this one with a sentence when it fails."""
     def bind():
         if processor is not None:
             os.sched_setaffinity(0, {processor})
 
-    environment = {**os.environ, **(program.environment or {})}
     try:
-        done = subprocess.run(program.command, capture_output=True, text=True, timeout=seconds, preexec_fn=bind,
-                              env=environment)
+        done = subprocess.run(program.command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
+                              timeout=seconds, preexec_fn=bind, env={**os.environ, **(program.environment or {})})
     except subprocess.TimeoutExpired:
         sys.exit(f"bench: {program.name} took longer than {seconds} seconds: {' '.join(program.command)}")
     if done.returncode != 0:
         sys.exit(f"bench: {program.name} failed: {done.stderr.strip()}\n  {' '.join(program.command)}")
-    return json.loads(done.stdout)
+    return done.stdout
+
+
+def run(program, processor=None):
+    """What a program says that prints one line of JSON."""
+    return json.loads(output_of(program, processor))
+
+
+def run_lines(program, processor=None):
+    """What a program says that prints a line of JSON for each thing that it measured."""
+    print(f"bench: {program.name} is running", file=sys.stderr, flush=True)
+    return [json.loads(line) for line in output_of(program, processor).splitlines()]
 
 
 class Progress:
