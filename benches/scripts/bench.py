@@ -6,16 +6,18 @@ import subprocess
 import sys
 from pathlib import Path
 
+import callgrind_profile
 import growth_scenes
 import machine
 import routine_tables
-from cells import growth_cells, named_cells, neutral_cells, sample_cells, write_scene
-from figures import markdown_table, number, ratio, text_table, times
-from turns import Program, Progress, in_turns, run_lines
+from cells import counted_cells, growth_cells, named_cells, neutral_cells, sample_cells, write_scene
+from figures import change, markdown_table, number, ratio, text_table, times, whole
+from turns import Program, Progress, in_turns, output_of, run_lines
 
 TOP = machine.TOP
 MESH_MODEL = TOP / "cache/mesh_model/bunny.obj"
 MODELS = [TOP / "cache/models/OBJ/spider.obj"]
+COUNTS = TOP / "benches/instruction_counts.txt"
 GROWTH_TITLES = {
     "grid_rows": "a grid over the whole screen, faces in row order",
     "grid_shuffled": "the same grid, faces in random order",
@@ -52,15 +54,15 @@ class Report:
             Path(self.file).write_text(json.dumps(self.content, indent=1) + "\n")
 
 
-def build_programs(preset, *targets, settings=()):
+def build_programs(preset, *targets, folder=None, settings=()):
     """Configures a build where needed, builds some of its targets and gives its folder."""
-    folder = TOP / "build" / preset
+    folder = TOP / "build" / (folder or preset)
     log = TOP / "cache/bench.log"
     log.parent.mkdir(exist_ok=True)
-    print(f"bench: building {', '.join(targets)} ({preset})", file=sys.stderr, flush=True)
+    print(f"bench: building {', '.join(targets)} ({folder.name})", file=sys.stderr, flush=True)
     with log.open("w") as output:
-        for step in (["cmake", "--preset", preset, *settings],
-                     ["cmake", "--build", "--preset", preset, "--target", *targets]):
+        for step in (["cmake", "--preset", preset, "-B", str(folder), *settings],
+                     ["cmake", "--build", str(folder), "--target", *targets]):
             if subprocess.run(step, cwd=TOP, stdout=output, stderr=subprocess.STDOUT).returncode != 0:
                 output.flush()
                 fail("this step failed: " + " ".join(step) + "\n" + "\n".join(log.read_text().splitlines()[-30:]))
@@ -201,10 +203,79 @@ def routines(options):
         report.remark("\n(!) marks packed routines that draw other pixels than the plain ones.")
 
 
+def counted(build, library, cell, folder):
+    """What callgrind counts in the timed frames of a cell, by stage."""
+    output = folder / "callgrind.out"
+    command = ["valgrind", "--tool=callgrind", f"--callgrind-out-file={output}", "--toggle-collect=drawTimedFrame",
+               build / "frames_bench", *cell.arguments("640x480"), "--library", library]
+    output_of(Program(f"callgrind of {cell.name}", command), seconds=1800)
+    counts = callgrind_profile.counts_of(output.read_text())
+    output.unlink()
+    return counts
+
+
+def instructions(options):
+    # The same instructions as in the release build, with the names of files and functions beside them.
+    build = build_programs(options.build, "kardeno_soft", "frames_bench", folder=f"{options.build}-counted",
+                           settings=["-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG -g", "-DKARDENO_TESTS=OFF"])
+    libraries = libraries_of(options, build)
+    scenes = TOP / "build" / options.build / "bench_scenes"
+    cells = drawable(named_cells(counted_cells(scenes), options.scene))
+    write_scenes(cells)
+
+    report = Report(options, build)
+    say_libraries(report, options, libraries)
+    progress = Progress(len(cells) * len(libraries))
+    found = {name: {} for name in libraries}
+    for name, library in libraries.items():
+        for cell in cells:
+            progress.say(f"{cell.name}, {name}")
+            found[name][cell.name] = counted(build, library, cell, build)
+            progress.finish(cell.name)
+
+    rooms = {name: {scene: callgrind_profile.by_room(counts) for scene, counts in scenes_of.items()}
+             for name, scenes_of in found.items()}
+    if len(libraries) > 1:
+        show_counts(report, *list(rooms.values())[1::-1], *list(rooms)[1::-1])
+    else:
+        tracked = callgrind_profile.read_counts(COUNTS.read_text()) if COUNTS.exists() else {}
+        show_counts(report, rooms["this build"], tracked, "now", "tracked")
+    for name, counts in found.items():
+        heads, rows = callgrind_profile.share_table(counts)
+        report.table(f"Percent of the instructions of a frame, {name}", heads, rows, counts)
+    if options.update:
+        update_counts(rooms["this build"], report)
+
+
+def show_counts(report, counts, reference, name, reference_name):
+    rows = []
+    for scene, of_scene in counts.items():
+        before = reference.get(scene, {})
+        rows.append([scene, "all", whole(sum(of_scene.values())), whole(sum(before.values()) or None),
+                     change(sum(of_scene.values()), sum(before.values()))])
+        for room in sorted({*of_scene, *before}, key=callgrind_profile.order_of):
+            rows.append(["", room, whole(of_scene.get(room)), whole(before.get(room)),
+                         change(of_scene.get(room), before.get(room))])
+    report.table("Instructions of the counted frames", ["scene", "stage", name, reference_name, "change"], rows,
+                 {name: counts, reference_name: reference})
+
+
+def update_counts(rooms, report):
+    """Scenes that were not counted now keep their tracked counts."""
+    tracked = callgrind_profile.read_counts(COUNTS.read_text()) if COUNTS.exists() else {}
+    made_with = report.content["made_with"]
+    COUNTS.write_text(callgrind_profile.written_counts({**tracked, **rooms}, [
+        "Instructions of fixed frames of 640x480, by scene and stage. `./bench instructions --update` writes this.",
+        "No test looks at them: they change with every change of the renderer and with the compiler.",
+        f"{made_with['compiler']}; {made_with['build']}"]))
+
+
 def add_common_options(parser, rounds):
     parser.add_argument("--build", default="linux-i386", metavar="PRESET", help="the build (%(default)s)")
     parser.add_argument("--json", metavar="FILE", help="also write all figures to this file")
     parser.add_argument("--markdown", action="store_true", help="tables of Markdown")
+    if rounds is None:  # what is counted is the same in every round
+        return
     parser.add_argument("--rounds", type=int, default=rounds, metavar="N", help="(%(default)s)")
     parser.add_argument("--processor", type=int, metavar="N", default=max(os.sched_getaffinity(0)),
                         help="the processor to run on (%(default)s)")
@@ -239,6 +310,13 @@ def main():
     command.add_argument("--both-formats", action="store_true", help="those for 5-5-5 too")
     add_common_options(command, rounds=9)
     command.set_defaults(run=routines)
+
+    command = commands.add_parser("instructions", help="instructions of fixed frames, by stage")
+    command.add_argument("scene", nargs="*", help="a scene, or a scene in a variant; all without one")
+    command.add_argument("--update", action="store_true", help=f"write the counts to {COUNTS.relative_to(TOP)}")
+    add_common_options(command, rounds=None)
+    add_library_option(command)
+    command.set_defaults(run=instructions)
 
     options = parser.parse_args()
     options.run(options)

@@ -39,6 +39,16 @@ def sample_cells(models):
     return cells + [Cell(f"model/{model.stem}", model) for model in models if model.exists()]
 
 
+# The frames whose instructions are counted: few, because counting is slow, and enough for every stage to show.
+COUNTED = {"fill/tex": 2, "fill/tex_lit": 2, "room/tex_lit": 4, "room/flat": 4, "mesh/tex": 1, "many/flat": 1,
+           "alpha/tex_add": 2, "alpha/tex_lit": 2, "sample/robots": 4}
+
+
+def counted_cells(folder):
+    return [Cell(cell.name, cell.scene, cell.variant, (COUNTED[cell.name], 1))
+            for cell in neutral_cells(folder) + sample_cells([]) if cell.name in COUNTED]
+
+
 def growth_run(family, size):
     """Frames and passes, so that no run takes longer than a few seconds and none only an instant."""
     if family not in growth_scenes.FAMILIES_OF_FACES:
