@@ -1,6 +1,7 @@
 #include "benches/frames/frame_times.h"
 
 #include <algorithm>
+#include <cstdio>
 
 #if defined(__linux__)
 #include <time.h>
@@ -53,6 +54,17 @@ FrameTimes timeFrames(Subject& subject, const Run& run)
         }
     }
     return times;
+}
+
+void print(const FrameTimes& times)
+{
+    std::printf("{\"pixels\": \"%08x\", \"milliseconds\": [", unsigned(times.pixels));
+    const char* separator = "";
+    for (const double time : times.milliseconds) {
+        std::printf("%s%.5f", separator, time);
+        separator = ", ";
+    }
+    std::printf("]}\n");
 }
 
 } // namespace benches

@@ -21,4 +21,7 @@ struct FrameTimes {
 // the wall.
 FrameTimes timeFrames(Subject& subject, const Run& run);
 
+// Prints one line of JSON.
+void print(const FrameTimes& times);
+
 } // namespace benches

@@ -94,17 +94,6 @@ Options readOptions(int count, char** arguments)
     return options;
 }
 
-void print(const FrameTimes& times)
-{
-    std::printf("{\"pixels\": \"%08x\", \"milliseconds\": [", unsigned(times.pixels));
-    const char* separator = "";
-    for (const double time : times.milliseconds) {
-        std::printf("%s%.5f", separator, time);
-        separator = ", ";
-    }
-    std::printf("]}\n");
-}
-
 void timeScene(const sample_host::RendererTable& renderer, const Options& options)
 {
     if (!options.scene.ends_with(".bin")) {

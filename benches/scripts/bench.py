@@ -9,8 +9,9 @@ from pathlib import Path
 import callgrind_profile
 import growth_scenes
 import machine
+import peer_tables
 import routine_tables
-from cells import counted_cells, growth_cells, named_cells, neutral_cells, sample_cells, write_scene
+from cells import cell_of, counted_cells, growth_cells, named_cells, neutral_cells, sample_cells, write_scene
 from figures import change, markdown_table, number, ratio, text_table, times, whole
 from turns import Program, Progress, in_turns, output_of, run_lines
 
@@ -270,6 +271,47 @@ def update_counts(rooms, report):
         f"{made_with['compiler']}; {made_with['build']}"]))
 
 
+def our_programs(build, library, scene, variant, size):
+    """Ours on a scene, by what the table says about each. The variant tex is drawn with both kinds of maps where there
+    are two."""
+    kinds = {"16-bit map": "tex", "8-bit map": "tex8"} if variant == "tex" and scene != "alpha" else {variant: variant}
+    cells = {kind: cell_of(build / "bench_scenes", scene, own) for kind, own in kinds.items()}
+    return {kind: Program(f"ours, {kind}", [build / "frames_bench", *cell.arguments(size), "--library", library])
+            for kind, cell in cells.items()}
+
+
+def peers(options):
+    build = build_programs(options.build, "kardeno_soft", "frames_bench")
+    native = build_programs(options.peer_build, *sorted({peer.program for peer in peer_tables.PEERS}))
+    library = options.library or build / "libkardeno_soft.so"
+    cells = drawable(named_cells([cell for cell in neutral_cells(build / "bench_scenes") if cell.variant != "tex8"],
+                                 options.scene))
+    if not cells:
+        fail("no such scene")
+    write_scenes(cells)
+
+    report = Report(options, build)
+    report.remark(f"peers:    {machine.compiled_with(native)[1]}")
+    sizes = options.size.split(",")
+    progress = Progress(len(cells) * len(sizes))
+    for size in sizes:
+        rows, values, every_row = [], {}, []
+        for cell in cells:
+            ours = our_programs(build, library, *cell.name.split("/"), size)
+            others = {peer.name: Program(peer.name, [native / peer.program, *cell.arguments(size), *peer.arguments],
+                                         peer.environment) for peer in peer_tables.PEERS}
+            results = in_turns([*ours.values(), *others.values()], options.rounds, progress, f"{cell.name} {size}",
+                               options.processor)
+            own = {kind: results[program.name].median for kind, program in ours.items()}
+            other = {name: results[name].median for name in others}
+            rows.append(peer_tables.row_of(cell.name, own, other, {peer.name: peer.bits for peer in peer_tables.PEERS}))
+            every_row.append([cell.name, *map(number, [min(own.values()), *other.values()])])
+            values[cell.name] = {name: result.as_json() for name, result in results.items()}
+        report.table(f"Ours and the best peer, {size}, CPU time, median of {options.rounds} rounds", peer_tables.HEADS,
+                     rows, values)
+        report.table(f"All of them, {size}, ms", ["scene", "ours", *others], every_row, {})
+
+
 def add_common_options(parser, rounds):
     parser.add_argument("--build", default="linux-i386", metavar="PRESET", help="the build (%(default)s)")
     parser.add_argument("--json", metavar="FILE", help="also write all figures to this file")
@@ -317,6 +359,14 @@ def main():
     add_common_options(command, rounds=None)
     add_library_option(command)
     command.set_defaults(run=instructions)
+
+    command = commands.add_parser("peers", help="other renderers on the same scenes")
+    command.add_argument("scene", nargs="*", help="a scene, or a scene in a variant; all without one")
+    command.add_argument("--size", default="640x480", help="sizes with commas between them (%(default)s)")
+    command.add_argument("--peer-build", default="linux-x86_64", metavar="PRESET", help="theirs (%(default)s)")
+    command.add_argument("--library", metavar="FILE", help="a library instead of this build's")
+    add_common_options(command, rounds=3)
+    command.set_defaults(run=peers)
 
     options = parser.parse_args()
     options.run(options)

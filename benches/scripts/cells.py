@@ -29,9 +29,13 @@ def variants_of(scene):
     return SEE_THROUGH_VARIANTS if scene == "alpha" else VARIANTS
 
 
+def cell_of(folder, scene, variant):
+    return Cell(f"{scene}/{variant}", folder / f"{scene}.bin", variant, HEAVY_RUNS.get(scene, LIGHT_RUN))
+
+
 def neutral_cells(folder):
-    return [Cell(f"{scene}/{variant}", folder / f"{scene}.bin", variant, HEAVY_RUNS.get(scene, LIGHT_RUN))
-            for scene in neutral_scenes.SCENES for variant in variants_of(scene)]
+    return [cell_of(folder, scene, variant) for scene in neutral_scenes.SCENES
+            for variant in variants_of(scene)]
 
 
 def sample_cells(models):
