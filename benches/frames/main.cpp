@@ -42,25 +42,6 @@ struct Options {
     Run run;
 };
 
-void readVariant(std::string name, Drawing& drawing)
-{
-    const std::string ending = "_add";
-    if (name.ends_with(ending)) {
-        drawing.addsSeeThrough = true;
-        name.resize(name.size() - ending.size());
-    }
-    if (name == "tex")
-        drawing.surfaces = Surfaces::texture;
-    else if (name == "tex_lit")
-        drawing.surfaces = Surfaces::litTexture;
-    else if (name == "gouraud")
-        drawing.surfaces = Surfaces::gouraud;
-    else if (name == "flat")
-        drawing.surfaces = Surfaces::flat;
-    else
-        sample_host::fail("there is no variant '" + name + "'");
-}
-
 Options readOptions(int count, char** arguments)
 {
     Options options;
@@ -74,9 +55,10 @@ Options readOptions(int count, char** arguments)
         const char* const value = arguments[i];
         if (option == "--library")
             options.library = value;
-        else if (option == "--variant")
-            readVariant(value, options.drawing);
-        else if (option == "--map")
+        else if (option == "--variant") {
+            if (!readVariant(value, options.drawing.variant))
+                sample_host::fail("there is no variant '" + std::string(value) + "'");
+        } else if (option == "--map")
             options.drawing.palettised = std::strcmp(value, "8") == 0;
         else if (option == "--format")
             options.drawing.bitsPerPixel = std::strcmp(value, "555") == 0 ? 15 : 16;

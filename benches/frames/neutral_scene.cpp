@@ -15,7 +15,6 @@ namespace {
 constexpr u8 clearUncovered = 1;       // flag of a frame: what no polygon covers becomes black
 constexpr f32 cameraUnit = 100;        // camera units for a unit of the scene: the depth sort compares whole units
 constexpr f32 texelShift = 0.3f / 256; // the renderer looks texels up 0.3 texel further on, which is taken back here
-constexpr u8 gouraudColour[3] = {230, 200, 150};
 
 // The callbacks of faces have no argument that would lead to the scene, and there is one renderer in a process.
 NeutralScene* drawnScene = nullptr;
@@ -84,23 +83,14 @@ NeutralScene::NeutralScene(const sample_host::RendererTable& renderer, const Sce
     : renderer_(renderer), file_(file), drawing_(drawing),
       pixels_(std::size_t(drawing.width) * std::size_t(drawing.height))
 {
-    if (drawing.palettised && drawing.surfaces == Surfaces::texture && file.opaqueTriangles < file.triangles.size())
+    if (drawing.palettised && drawing.variant.surfaces == Surfaces::texture
+        && file.opaqueTriangles < file.triangles.size())
         sample_host::fail("no row draws unlit see-through faces with a map of 8 bits");
     drawnScene = this;
     makeContext();
     makeTexture();
     makeFaces();
     makeView();
-}
-
-bool NeutralScene::isTextured() const
-{
-    return drawing_.surfaces == Surfaces::texture || drawing_.surfaces == Surfaces::litTexture;
-}
-
-bool NeutralScene::isLit() const
-{
-    return drawing_.surfaces == Surfaces::litTexture || drawing_.surfaces == Surfaces::gouraud;
 }
 
 void NeutralScene::makeContext()
@@ -140,7 +130,7 @@ MaterialColour NeutralScene::colour(u8 red, u8 green, u8 blue) const
 
 void NeutralScene::makeTexture()
 {
-    const bool palettised = drawing_.palettised || isLit();
+    const bool palettised = drawing_.palettised || drawing_.variant.isLit();
     const std::size_t bytes = sizeof(TextureImage) + sizeof file_.texels * (palettised ? 1 : 2);
     imageRecord_.resize((bytes + 3) / 4);
     TextureImage& image = *reinterpret_cast<TextureImage*>(imageRecord_.data());
@@ -172,10 +162,11 @@ SceneMaterial* NeutralScene::materialFor(u8 red, u8 green, u8 blue, bool seeThro
     material.materialFlags = &material.flagWords;
     material.diffuseColour = colour(red, green, blue);
     material.tintColour = colour(255, 255, 255);
-    material.transparency = seeThrough && !drawing_.addsSeeThrough ? 50 : 0;
-    material.shadingMode = seeThrough && drawing_.addsSeeThrough ? 2 : 0;
-    material.textureMap = isTextured() ? &map_ : nullptr;
-    if (!renderer_.addMaterial(&material) || !renderer_.setMaterialRenderState(&material, isLit() ? 1 : 0))
+    material.transparency = seeThrough && !drawing_.variant.addsSeeThrough ? 50 : 0;
+    material.shadingMode = seeThrough && drawing_.variant.addsSeeThrough ? 2 : 0;
+    material.textureMap = drawing_.variant.isTextured() ? &map_ : nullptr;
+    if (!renderer_.addMaterial(&material)
+        || !renderer_.setMaterialRenderState(&material, drawing_.variant.isLit() ? 1 : 0))
         sample_host::fail("the renderer refused a material");
     return known = &material;
 }
@@ -206,7 +197,7 @@ void NeutralScene::makeFaces()
         face.texCoords = &frontCoordinates_[3 * i];
         face.faceTest = &faceTest;
         const bool seeThrough = i >= file_.opaqueTriangles;
-        switch (drawing_.surfaces) {
+        switch (drawing_.variant.surfaces) {
         case Surfaces::texture:
         case Surfaces::litTexture: face.material = materialFor(255, 255, 255, seeThrough); break;
         case Surfaces::gouraud:

@@ -6,6 +6,7 @@
 
 #include "benches/frames/scene_file.h"
 #include "benches/frames/subject.h"
+#include "benches/frames/variant.h"
 #include "sample_host/host/renderer_table.h"
 
 #include <deque>
@@ -16,17 +17,9 @@ namespace benches {
 using namespace kardeno;
 
 // How a scene is to be drawn.
-enum class Surfaces {
-    texture,    // in its own colours
-    litTexture, // under the light of the vertices
-    gouraud,    // one colour under the light of the vertices
-    flat,       // one colour for each triangle
-};
-
 struct Drawing {
-    Surfaces surfaces = Surfaces::texture;
-    bool addsSeeThrough = false; // see-through faces are added to what is behind them, and not blended half and half
-    bool palettised = false;     // unlit textures: a map of 8 bits and not of 16; lit ones always have 8
+    Variant variant;
+    bool palettised = false; // unlit textures: a map of 8 bits and not of 16; lit ones always have 8
     i32 bitsPerPixel = 16;
     int width = 640, height = 480;
 };
@@ -71,8 +64,6 @@ private:
     u16 packed(const u8 (&colour)[3]) const;
     MaterialColour colour(u8 red, u8 green, u8 blue) const;
     SceneMaterial* materialFor(u8 red, u8 green, u8 blue, bool seeThrough);
-    bool isTextured() const;
-    bool isLit() const;
     void setTransform(const FileMatrix& matrix);
 
     const sample_host::RendererTable& renderer_;

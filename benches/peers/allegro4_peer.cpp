@@ -20,9 +20,8 @@ namespace {
 class Allegro4 : public Subject {
 public:
     Allegro4(const SceneFile& scene, const PeerOptions& options)
-        : scene_(scene), surfaces_(options.surfaces), addsSeeThrough_(options.addsSeeThrough),
-          bits_(options.own.at("bits") == "8" ? 8 : 16), usesZBuffer_(options.own.at("hidden") == "zbuffer"),
-          polygons_(scene, options.width, options.height)
+        : scene_(scene), variant_(options.variant), bits_(options.own.at("bits") == "8" ? 8 : 16),
+          usesZBuffer_(options.own.at("hidden") == "zbuffer"), polygons_(scene, options.width, options.height)
     {
         set_color_depth(bits_);
         _rgb_r_shift_16 = 11;
@@ -42,7 +41,7 @@ public:
 
     void draw(int frame) override
     {
-        const int opaque = opaqueType(), seeThrough = isTextured() ? POLYTYPE_PTEX_TRANS : opaque;
+        const int opaque = opaqueType(), seeThrough = variant_.isTextured() ? POLYTYPE_PTEX_TRANS : opaque;
         clear_bitmap(frame_);
         if (usesZBuffer_) clear_zbuffer(zBuffer_, 0.f);
         setBlending(false);
@@ -60,18 +59,19 @@ public:
         drawSorted(opaque);
         if (seeThroughFaces_.empty()) return;
         setBlending(true);
-        if (surfaces_ == "flat") drawing_mode(DRAW_MODE_TRANS, nullptr, 0, 0);
+        if (variant_.surfaces == Surfaces::flat) drawing_mode(DRAW_MODE_TRANS, nullptr, 0, 0);
         for (const ScreenFace& face : seeThroughFaces_) fill(face, seeThrough);
     }
 
 private:
-    bool isTextured() const { return surfaces_ == "tex" || surfaces_ == "tex_lit"; }
-
     int opaqueType() const
     {
-        if (surfaces_ == "tex") return POLYTYPE_PTEX;
-        if (surfaces_ == "tex_lit") return POLYTYPE_PTEX_LIT;
-        if (surfaces_ == "gouraud") return bits_ == 8 ? POLYTYPE_GCOL : POLYTYPE_GRGB;
+        switch (variant_.surfaces) {
+        case Surfaces::texture: return POLYTYPE_PTEX;
+        case Surfaces::litTexture: return POLYTYPE_PTEX_LIT;
+        case Surfaces::gouraud: return bits_ == 8 ? POLYTYPE_GCOL : POLYTYPE_GRGB;
+        case Surfaces::flat: return POLYTYPE_FLAT;
+        }
         return POLYTYPE_FLAT;
     }
 
@@ -103,7 +103,7 @@ private:
     {
         if (bits_ == 8)
             color_map = seeThrough ? &blendTable_ : &lightTable_;
-        else if (seeThrough && addsSeeThrough_)
+        else if (seeThrough && variant_.addsSeeThrough)
             set_add_blender(0, 0, 0, 255);
         else
             set_trans_blender(0, 0, 0, 128);
@@ -111,11 +111,15 @@ private:
 
     int cornerColour(const ScreenFace& face, float light) const
     {
-        if (surfaces_ == "flat") return flatColours_[face.triangle];
-        if (surfaces_ == "tex_lit") return int(light * 255);
-        if (surfaces_ != "gouraud") return 0;
+        switch (variant_.surfaces) {
+        case Surfaces::texture: return 0;
+        case Surfaces::litTexture: return int(light * 255);
+        case Surfaces::flat: return flatColours_[face.triangle];
+        case Surfaces::gouraud: break;
+        }
         if (bits_ == 8) return int(light * 15);
-        return int(light * gouraudColour[0]) << 16 | int(light * gouraudColour[1]) << 8 | int(light * gouraudColour[2]);
+        const auto channel = [&](int i) { return int(light * float(gouraudColour[i])); };
+        return channel(0) << 16 | channel(1) << 8 | channel(2);
     }
 
     void fill(const ScreenFace& face, int type)
@@ -139,8 +143,7 @@ private:
     }
 
     const SceneFile& scene_;
-    const std::string surfaces_;
-    const bool addsSeeThrough_;
+    const Variant variant_;
     const int bits_;
     const bool usesZBuffer_;
     ScreenPolygons polygons_;
@@ -168,6 +171,6 @@ int main(int count, char** arguments)
         return 1;
     }
     const auto subject = std::make_unique<Allegro4>(*scene, options);
-    timeAndPrint(*subject, options);
+    print(timeFrames(*subject, options.run));
 }
 END_OF_MAIN()

@@ -15,10 +15,9 @@ PeerOptions readPeerOptions(int count, char** arguments)
             continue;
         }
         const std::string value = i + 1 < count ? arguments[++i] : "";
-        if (option == "--variant") {
-            options.addsSeeThrough = value.ends_with("_add");
-            options.surfaces = options.addsSeeThrough ? value.substr(0, value.size() - 4) : value;
-        } else if (option == "--size")
+        if (option == "--variant")
+            readVariant(value, options.variant);
+        else if (option == "--size")
             std::sscanf(value.c_str(), "%dx%d", &options.width, &options.height);
         else if (option == "--frames")
             options.run.frames = std::atoi(value.c_str());
@@ -36,11 +35,6 @@ void readScene(const PeerOptions& options, SceneFile& scene)
     if (readSceneFile(options.scene, scene, sentence)) return;
     std::fprintf(stderr, "%s\n", sentence.c_str());
     std::exit(1);
-}
-
-void timeAndPrint(Subject& subject, const PeerOptions& options)
-{
-    print(timeFrames(subject, options.run));
 }
 
 } // namespace benches

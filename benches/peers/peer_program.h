@@ -4,6 +4,7 @@
 
 #include "benches/frames/frame_times.h"
 #include "benches/frames/scene_file.h"
+#include "benches/frames/variant.h"
 
 #include <map>
 #include <string>
@@ -12,19 +13,14 @@ namespace benches {
 
 struct PeerOptions {
     std::string scene;
-    std::string surfaces; // tex, tex_lit, gouraud or flat
-    bool addsSeeThrough = false;
+    Variant variant;
     int width = 640, height = 480;
     Run run;
     std::map<std::string, std::string> own;
 };
 
-// The colour of all surfaces of the variant gouraud, before the light.
-inline constexpr int gouraudColour[3] = {230, 200, 150};
-
 PeerOptions readPeerOptions(int count, char** arguments);
 // Reads the scene, or ends the program with a sentence.
 void readScene(const PeerOptions& options, SceneFile& scene);
-void timeAndPrint(Subject& subject, const PeerOptions& options);
 
 } // namespace benches
