@@ -10,7 +10,7 @@
 #endif
 
 // The counter of instructions counts while this function runs and finds it by its name.
-extern "C" __attribute__((noinline, noclone)) void drawTimedFrame(benches::Subject& subject, int frame)
+extern "C" __attribute__((noinline)) void drawTimedFrame(benches::Subject& subject, int frame)
 {
     subject.draw(frame);
 }

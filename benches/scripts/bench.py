@@ -10,6 +10,7 @@ import callgrind_profile
 import growth_scenes
 import machine
 import peer_tables
+import profile_picture
 import routine_tables
 from cells import cell_of, counted_cells, growth_cells, named_cells, neutral_cells, sample_cells, write_scene
 from figures import change, markdown_table, number, ratio, text_table, times, whole
@@ -19,6 +20,9 @@ TOP = machine.TOP
 MESH_MODEL = TOP / "cache/mesh_model/bunny.obj"
 MODELS = [TOP / "cache/models/OBJ/spider.obj"]
 COUNTS = TOP / "benches/instruction_counts.txt"
+PROFILE = TOP / "docs/pictures/profile.svg"
+# What runs the programs of builds for other machines.
+EMULATORS = {"wasm32": ["tools/run_wasm"], "win32": ["tools/wine", "32"], "win64": ["tools/wine", "64"]}
 GROWTH_TITLES = {
     "grid_rows": "a grid over the whole screen, faces in row order",
     "grid_shuffled": "the same grid, faces in random order",
@@ -73,7 +77,7 @@ def build_programs(preset, *targets, folder=None, settings=()):
 def libraries_of(options, build):
     """The libraries to be compared, by the names that the tables give them."""
     if not options.library:
-        return {"this build": build / "libkardeno_soft.so"}
+        return {"this build": build / ("kardeno_soft.dll" if build.name.startswith("win") else "libkardeno_soft.so")}
     for path in options.library:
         if not Path(path).is_file():
             fail(f"there is no file '{path}'")
@@ -118,7 +122,9 @@ def heads_for(libraries):
 
 
 def run_in_turns(build, libraries, cell, size, options, progress):
-    programs = [Program(name, [build / "frames_bench", *cell.arguments(size), "--library", library])
+    runner = EMULATORS.get(build.name, [])
+    program = build / ("frames_bench.exe" if build.name.startswith("win") else "frames_bench")
+    programs = [Program(name, [*runner, program, *cell.arguments(size), "--library", library])
                 for name, library in libraries.items()]
     return in_turns(programs, options.rounds, progress, f"{cell.name} {size}", options.processor)
 
@@ -265,6 +271,7 @@ def update_counts(rooms, report):
     """Scenes that were not counted now keep their tracked counts."""
     tracked = callgrind_profile.read_counts(COUNTS.read_text()) if COUNTS.exists() else {}
     made_with = report.content["made_with"]
+    PROFILE.write_text(profile_picture.picture({**tracked, **rooms}))
     COUNTS.write_text(callgrind_profile.written_counts({**tracked, **rooms}, [
         "Instructions of fixed frames of 640x480, by scene and stage. `./bench instructions --update` writes this.",
         "No test looks at them: they change with every change of the renderer and with the compiler.",
@@ -355,7 +362,8 @@ def main():
 
     command = commands.add_parser("instructions", help="instructions of fixed frames, by stage")
     command.add_argument("scene", nargs="*", help="a scene, or a scene in a variant; all without one")
-    command.add_argument("--update", action="store_true", help=f"write the counts to {COUNTS.relative_to(TOP)}")
+    command.add_argument("--update", action="store_true", 
+                         help=f"write the counts to {COUNTS.relative_to(TOP)} and draw {PROFILE.relative_to(TOP)}")
     add_common_options(command, rounds=None)
     add_library_option(command)
     command.set_defaults(run=instructions)

@@ -7,14 +7,21 @@ import json
 import os
 import subprocess
 import sys
+from pathlib import Path
 
 from figures import median, spread
+from machine import TOP
+
+
+def relative(word):
+    """Files below the top folder by their names there, which emulators understand too; the programs run in it."""
+    return str(word.relative_to(TOP)) if isinstance(word, Path) and word.is_relative_to(TOP) else str(word)
 
 
 class Program:
     def __init__(self, name, command, environment=None):
         self.name = name
-        self.command = [str(word) for word in command]
+        self.command = [relative(word) for word in command]
         self.environment = environment
 
 
@@ -39,7 +46,7 @@ def output_of(program, processor=None, seconds=600):
 
     try:
         done = subprocess.run(program.command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
-                              timeout=seconds, preexec_fn=bind, env={**os.environ, **(program.environment or {})})
+                              timeout=seconds, preexec_fn=bind, cwd=TOP, env={**os.environ, **(program.environment or {})})
     except subprocess.TimeoutExpired:
         sys.exit(f"bench: {program.name} took longer than {seconds} seconds: {' '.join(program.command)}")
     if done.returncode != 0:

@@ -12,6 +12,7 @@ import figures  # noqa: E402
 import growth_scenes  # noqa: E402
 import machine  # noqa: E402
 import peer_tables  # noqa: E402
+import profile_picture  # noqa: E402
 import routine_tables  # noqa: E402
 import scene_builder  # noqa: E402
 import turns  # noqa: E402
@@ -59,6 +60,11 @@ class Figures(unittest.TestCase):
 
 
 class Turns(unittest.TestCase):
+    def test_files_of_the_project_are_named_from_its_top_and_others_as_they_are(self):
+        self.assertEqual(turns.relative(TOP / "build/a/frames_bench"), "build/a/frames_bench")
+        self.assertEqual(turns.relative(TOP.parent / "elsewhere"), str(TOP.parent / "elsewhere"))
+        self.assertEqual(turns.relative(36), "36")
+
     def test_a_result_is_the_median_over_rounds_of_the_medians_of_frames(self):
         rounds = [{"milliseconds": [1.0, 2.0, 9.0], "pixels": "ab"}, {"milliseconds": [4.0, 4.0, 4.0], "pixels": "ab"},
                   {"milliseconds": [3.0, 3.0, 3.0], "pixels": "ab"}]
@@ -137,6 +143,16 @@ class CallgrindProfile(unittest.TestCase):
                   "two": callgrind_profile.Counter({"raster/a.h": 996, "geometry/b.h": 3, "frame/c.h": 1})}
         self.assertEqual(callgrind_profile.share_table(scenes),
                          (["stage", "one", "two"], [["geometry/b.h", "25.0", "0.3"], ["raster/a.h", "75.0", "99.6"]]))
+
+
+class ProfilePicture(unittest.TestCase):
+    def test_a_bar_is_divided_like_the_counts_and_leaves_out_what_would_not_be_seen(self):
+        counts = {"raster": 7500, "spanbuffer": 2490, "frame": 10}
+        self.assertEqual(profile_picture.parts_of(counts), [("spanbuffer", 0.249), ("raster", 0.75)])
+        picture = profile_picture.picture({"fill/tex": counts})
+        self.assertIn(f'width="{0.75 * profile_picture.WIDTH:.1f}"', picture)
+        self.assertIn("<title>spanbuffer: 24.9 %</title>", picture)
+        self.assertNotIn("frame", picture)
 
 
 class PeerTable(unittest.TestCase):
