@@ -362,7 +362,7 @@ def main():
 
     command = commands.add_parser("instructions", help="instructions of fixed frames, by stage")
     command.add_argument("scene", nargs="*", help="a scene, or a scene in a variant; all without one")
-    command.add_argument("--update", action="store_true", 
+    command.add_argument("--update", action="store_true",
                          help=f"write the counts to {COUNTS.relative_to(TOP)} and draw {PROFILE.relative_to(TOP)}")
     add_common_options(command, rounds=None)
     add_library_option(command)

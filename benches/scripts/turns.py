@@ -46,7 +46,8 @@ def output_of(program, processor=None, seconds=600):
 
     try:
         done = subprocess.run(program.command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, text=True,
-                              timeout=seconds, preexec_fn=bind, cwd=TOP, env={**os.environ, **(program.environment or {})})
+                              timeout=seconds, preexec_fn=bind, cwd=TOP,
+                              env={**os.environ, **(program.environment or {})})
     except subprocess.TimeoutExpired:
         sys.exit(f"bench: {program.name} took longer than {seconds} seconds: {' '.join(program.command)}")
     if done.returncode != 0:
