@@ -74,9 +74,7 @@ def named_cells(cells, names):
 
 
 def write_scene(path, model):
-    """Generates the file of a scene, where it is not there yet."""
-    if path.exists():
-        return
+    """Generates the file of a scene. A run that is broken off leaves no half file."""
     family, _, size = path.stem.rpartition("_")
     scene = (growth_scenes.scene_of(family, int(size)) if family in growth_scenes.FAMILIES
              else neutral_scenes.SCENES[path.stem](model))
