@@ -1,5 +1,5 @@
-"""./demo, ./check and tools/setup on a machine that is made up: what they answer before they do anything, and what they
-do when something is missing."""
+"""./demo, ./check, ./bench and tools/setup on a machine that is made up: what they answer before they do anything, and
+what they do when something is missing."""
 import json
 import shutil
 import unittest
@@ -30,7 +30,7 @@ class Answers(CommandTest):
         self.assert_touched_nothing()
 
     def test_help_is_printed_and_nothing_is_done(self):
-        for program in ("demo", "check"):
+        for program in ("demo", "check", "bench"):
             for option in ("--help", "-h"):
                 with self.subTest(f"{program} {option}"):
                     run = self.command(program, option)
@@ -49,6 +49,9 @@ class Answers(CommandTest):
     def test_unknown_options_are_named(self):
         self.assert_misused(self.command("demo", "--frobnicate"), "there is no option '--frobnicate'")
         self.assert_misused(self.command("check", "--frobnicate"), "there is no option '--frobnicate'")
+
+    def test_bench_names_a_command_that_it_does_not_have(self):
+        self.assert_misused(self.command("bench", "frame"), "there is no command 'frame'")
 
     def test_demo_names_a_model_that_is_missing_or_no_file(self):
         self.assert_misused(self.command("demo", "missing.obj"), "there is no file 'missing.obj'")

@@ -47,6 +47,8 @@ class CommandTest(ToolTest):
     Whatever could build, install or fetch is a stand-in that only notes that it was called.
     """
 
+    COMMANDS = ["demo", "check", "bench", "CMakePresets.json"]
+
     # Commands that the scripts may use anywhere.
     HARMLESS = """awk basename cat date dirname echo env expr flock grep head id ln ls mkdir mktemp mv nproc printf
         python3 rm sed sh sort tail timeout touch tr wc""".split()
@@ -61,7 +63,7 @@ class CommandTest(ToolTest):
         self.calls_file = self.folder / "calls"
         self.machine.mkdir()
         self.tree.mkdir()
-        for name in ("demo", "check", "CMakePresets.json"):
+        for name in self.COMMANDS:
             shutil.copy2(TOP / name, self.tree / name)
         for folder in ("tools", "cmake"):
             shutil.copytree(TOP / folder, self.tree / folder)
@@ -91,5 +93,5 @@ class CommandTest(ToolTest):
 
     def assert_touched_nothing(self):
         self.assertEqual(self.calls(), [])
-        made = {path.name for path in self.tree.iterdir()} - {"demo", "check", "CMakePresets.json", "tools", "cmake"}
+        made = {path.name for path in self.tree.iterdir()} - {*self.COMMANDS, "tools", "cmake"}
         self.assertEqual(made, set())
