@@ -88,9 +88,28 @@ if(KARDENO_SOURCE_CHECKS)
     endif()
 endif()
 
+# Hosts are built with the installed library, as others would. A sanitized library is for nobody else.
+if(NOT KARDENO_SANITIZED)
+    set(compile_and_link "${host_compiler_C}")
+    if(NOT WIN32)
+        string(APPEND compile_and_link " ${CMAKE_EXE_LINKER_FLAGS}")
+    endif()
+    add_test(NAME check_packages_installed
+        COMMAND ${tools}/check_packages installed ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/installed
+            "${CMAKE_TOOLCHAIN_FILE}" "${compile_and_link}" ${CMAKE_CROSSCOMPILING_EMULATOR})
+    set_tests_properties(check_packages_installed PROPERTIES FIXTURES_REQUIRED emulator)
+    add_test(NAME check_packages_archives
+        COMMAND ${tools}/check_packages archives ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/archives)
+    set_tests_properties(check_packages_archives PROPERTIES RESOURCE_LOCK build_folder)
+endif()
+
 if(NOT KARDENO_SOURCE_CHECKS)
     return()
 endif()
+
+add_test(NAME check_packages_sources
+    COMMAND ${tools}/check_packages sources ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/sources
+        "${CMAKE_TOOLCHAIN_FILE}")
 
 add_test(NAME check_includes COMMAND ${tools}/check_includes)
 add_test(NAME check_behaviours COMMAND ${tools}/check_behaviours)

@@ -39,6 +39,9 @@ if(WIN32)
     # Without the usual start-up files, nothing but our own entry point runs at load. The fixed base address and the
     # missing time stamp make the file depend on the sources alone.
     target_sources(kardeno_soft PRIVATE ${library_entry_win32})
+    enable_language(RC)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${PROJECT_BINARY_DIR}/version.rc @ONLY)
+    target_sources(kardeno_soft PRIVATE ${PROJECT_BINARY_DIR}/version.rc)
     target_compile_definitions(kardeno_soft PRIVATE KARDENO_BUILDING_LIBRARY)
     target_link_libraries(kardeno_soft PRIVATE kardeno_options)
     if(CMAKE_SIZEOF_VOID_P EQUAL 4)
