@@ -89,6 +89,10 @@ class MadeFromTheHeaders(HeadersTest):
                    "KARDENO_OFFSET(SceneFace, faceTest, 64, 92)")
         self.assert_fails(self.run_copy("list_records"), "SceneFace.faceTest is not where its header asserts it to be")
 
+    def test_a_field_whose_place_no_compiler_looks_at_is_refused(self):
+        self.spoil("host_records.h", "KARDENO_OFFSET(SceneFace, faceTest, 64, 88);\n", "")
+        self.assert_fails(self.run_copy("list_records"), "SceneFace.faceTest has no KARDENO_OFFSET line")
+
     def test_a_size_that_no_compiler_would_give_is_refused(self):
         self.spoil("host_records.h", "KARDENO_SIZE(MaterialNode, 8, 16)", "KARDENO_SIZE(MaterialNode, 8, 12)")
         self.assert_fails(self.run_copy("list_records"), "MaterialNode has not the size that its header asserts")
