@@ -55,26 +55,73 @@ if(WIN32)
     list(TRANSFORM library_headers REPLACE "(.+)" "#include \"\\1\"\n" OUTPUT_VARIABLE lines)
     list(JOIN lines "" lines)
     file(CONFIGURE OUTPUT ${folder}/all.cpp CONTENT "#include <windows.h>\n${lines}")
-    file(CONFIGURE OUTPUT ${folder}/public.c
-        CONTENT "#include <windows.h>\n#include \"kardeno_soft/kardeno_soft.h\"\n")
-    add_header_check(check_headers_compile_after_windows_h headers_after_windows ${folder}/all.cpp ${folder}/public.c)
+    add_header_check(check_headers_compile_after_windows_h headers_after_windows ${folder}/all.cpp)
+endif()
+
+# What a host includes compiles in every version of C and C++ that the compiler knows. On the build that checks the
+# sources so does clang, also as a compiler for programs that are built with the vendor's tools for Windows.
+function(kardeno_check_header name c_compiler cxx_compiler)
+    add_test(NAME check_header_${name} COMMAND ${tools}/check_header ${ARGN} ${c_compiler} ${cxx_compiler})
+endfunction()
+foreach(language C CXX)
+    set(host_compiler_${language} "${CMAKE_${language}_COMPILER} ${CMAKE_${language}_FLAGS}")
+    if(CMAKE_${language}_COMPILER_TARGET)
+        string(APPEND host_compiler_${language} " --target=${CMAKE_${language}_COMPILER_TARGET}")
+    endif()
+endforeach()
+set(windows_h)
+if(WIN32)
+    set(windows_h --windows)
+endif()
+kardeno_check_header(of_hosts "${host_compiler_C}" "${host_compiler_CXX}" ${windows_h})
+if(KARDENO_SOURCE_CHECKS)
+    find_program(clang NAMES clang-14)
+    if(clang)
+        foreach(target i686-linux-gnu i686-pc-windows-msvc)
+            # Without that vendor's headers the compiler brings those that need no system.
+            set(options --target=${target} -ffreestanding)
+            list(JOIN options " " options)
+            kardeno_check_header(${target} "clang-14 ${options}" "clang++-14 ${options}")
+        endforeach()
+    else()
+        kardeno_not_here(check_header_by_clang "there is no clang-14")
+    endif()
+endif()
+
+# Hosts are built with the installed library, as others would. A sanitized library is for nobody else.
+if(NOT KARDENO_SANITIZED)
+    set(compile_and_link "${host_compiler_C}")
+    if(NOT WIN32)
+        string(APPEND compile_and_link " ${CMAKE_EXE_LINKER_FLAGS}")
+    endif()
+    add_test(NAME check_packages_installed
+        COMMAND ${tools}/check_packages installed ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/installed
+            "${CMAKE_TOOLCHAIN_FILE}" "${compile_and_link}" ${CMAKE_CROSSCOMPILING_EMULATOR})
+    set_tests_properties(check_packages_installed PROPERTIES FIXTURES_REQUIRED emulator)
+    add_test(NAME check_packages_archives
+        COMMAND ${tools}/check_packages archives ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/archives)
+    set_tests_properties(check_packages_archives PROPERTIES RESOURCE_LOCK build_folder)
 endif()
 
 if(NOT KARDENO_SOURCE_CHECKS)
     return()
 endif()
 
+add_test(NAME check_packages_sources
+    COMMAND ${tools}/check_packages sources ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/sources
+        "${CMAKE_TOOLCHAIN_FILE}")
+
 add_test(NAME check_includes COMMAND ${tools}/check_includes)
 add_test(NAME check_behaviours COMMAND ${tools}/check_behaviours)
 add_test(NAME check_records COMMAND ${tools}/list_records --check)
+add_test(NAME check_c_names COMMAND ${tools}/write_c_names --check)
 add_test(NAME check_words COMMAND ${tools}/check_words)
-add_test(NAME check_format COMMAND ${tools}/check_format)
+add_test(NAME check_format COMMAND ${tools}/check_format --any-width docs/records.json)
 add_test(NAME check_tools COMMAND python3 -B -m unittest discover -s ${PROJECT_SOURCE_DIR}/tests/tools -p "*_test.py")
 
-# Every header compiles alone, and the public one also as C.
+# Every header compiles alone.
 set(folder ${CMAKE_BINARY_DIR}/headers_alone)
-file(CONFIGURE OUTPUT ${folder}/public.c CONTENT "#include \"kardeno_soft/kardeno_soft.h\"\n")
-set(includers ${folder}/public.c)
+set(includers)
 foreach(header ${library_headers})
     file(CONFIGURE OUTPUT ${folder}/${header}.cpp CONTENT "#include \"${header}\"\n")
     list(APPEND includers ${folder}/${header}.cpp)

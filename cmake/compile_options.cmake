@@ -30,10 +30,11 @@ if(CMAKE_SYSTEM_PROCESSOR MATCHES "^i[3-6]86$")
     endif()
 endif()
 
-# A designated initialiser names the fields that matter and leaves the others 0 on purpose.
+# A designated initialiser names the fields that matter and leaves the others 0 on purpose. What an unknown compiler
+# warns of must not stop a project that takes the sources in.
 add_library(kardeno_warnings INTERFACE)
 target_compile_options(kardeno_warnings INTERFACE
-    -Wall -Wextra -Wpedantic -Wshadow -Wno-missing-field-initializers -Werror)
+    -Wall -Wextra -Wpedantic -Wshadow -Wno-missing-field-initializers $<$<BOOL:${PROJECT_IS_TOP_LEVEL}>:-Werror>)
 
 add_library(kardeno_options INTERFACE)
 target_link_libraries(kardeno_options INTERFACE kardeno_headers kardeno_arithmetic kardeno_warnings)

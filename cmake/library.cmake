@@ -19,19 +19,29 @@ target_compile_definitions(kardeno_objects PRIVATE KARDENO_BUILDING_LIBRARY)
 target_link_libraries(kardeno_objects PRIVATE kardeno_options)
 
 # WebAssembly has no dynamic libraries that a host could load: a program links the library in.
+set(kind SHARED)
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
-    add_library(kardeno_soft STATIC $<TARGET_OBJECTS:kardeno_objects>)
-    set_target_properties(kardeno_soft PROPERTIES LINKER_LANGUAGE CXX)
-    return()
+    set(kind STATIC)
 endif()
 
-add_library(kardeno_soft SHARED $<TARGET_OBJECTS:kardeno_objects>)
-set_target_properties(kardeno_soft PROPERTIES LINKER_LANGUAGE CXX)
+# This target and its headers are all that a project which includes ours needs.
+add_library(kardeno_soft ${kind} $<TARGET_OBJECTS:kardeno_objects>)
+add_library(kardeno_soft::kardeno_soft ALIAS kardeno_soft)
+set_target_properties(kardeno_soft PROPERTIES
+    LINKER_LANGUAGE CXX VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
+target_include_directories(kardeno_soft INTERFACE
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:include>)
+if(kind STREQUAL "STATIC")
+    return()
+endif()
 
 if(WIN32)
     # Without the usual start-up files, nothing but our own entry point runs at load. The fixed base address and the
     # missing time stamp make the file depend on the sources alone.
     target_sources(kardeno_soft PRIVATE ${library_entry_win32})
+    enable_language(RC)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/version.rc.in ${PROJECT_BINARY_DIR}/version.rc @ONLY)
+    target_sources(kardeno_soft PRIVATE ${PROJECT_BINARY_DIR}/version.rc)
     target_compile_definitions(kardeno_soft PRIVATE KARDENO_BUILDING_LIBRARY)
     target_link_libraries(kardeno_soft PRIVATE kardeno_options)
     if(CMAKE_SIZEOF_VOID_P EQUAL 4)

@@ -46,12 +46,12 @@ inline constexpr PixelLayout pixelLayouts[pixelFormatCount] = {
 // take 15 as 5-5-5 and anything else as 5-6-5. Hosts pass 15 or 16, for which they agree.
 inline PixelFormat tableFormat(const HostContext& context)
 {
-    return context.bitsPerPixel == 16 ? rgb565 : rgb555;
+    return context.bitsPerPixel == bitsPerPixel565 ? rgb565 : rgb555;
 }
 
 inline PixelFormat fillerFormat(const HostContext& context)
 {
-    return context.bitsPerPixel == 15 ? rgb555 : rgb565;
+    return context.bitsPerPixel == bitsPerPixel555 ? rgb555 : rgb565;
 }
 
 } // namespace kardeno

@@ -1,5 +1,5 @@
-// What all parts of the library know about the way in which a material is drawn: its row of the render-mode table, its
-// flag word and its shade ramp.
+// What all parts of the library know about the way in which a material is drawn: its row of the render-mode table and
+// its shade ramp.
 #pragma once
 
 #include "kardeno_soft/render_modes.h"
@@ -10,17 +10,6 @@ namespace kardeno {
 // of a level and a palette index is level x 256 + index.
 inline constexpr u32 rampLevels = 64;
 inline constexpr u32 paletteSize = 256;
-
-// Bits of the material flag word.
-enum : u32 {
-    flagTextured = 1,
-    flagShade1 = 2,
-    flagHalfTransparent = 4,
-    flagOtherTransparency = 8,
-    flagShade2 = 64,
-    flagShade10 = 256,
-    flagShade11 = 512
-};
 
 // The table is filled at initialisation. Rows never move, and only their `state` changes afterwards.
 extern RenderMode RenderModeTable[renderModeRowCount];

@@ -11,12 +11,16 @@ u32 flagWordOf(const SceneMaterial& material)
 {
     u32 flags = 0;
     if (material.textureMap) flags |= flagTextured;
-    if (material.transparency) flags |= material.transparency == 50 ? flagHalfTransparent : flagOtherTransparency;
+    switch (material.transparency) {
+    case transparencyNone: break;
+    case transparencyHalf: flags |= flagHalfTransparent; break;
+    default: flags |= flagOtherTransparency; break;
+    }
     switch (material.shadingMode) {
-    case 1: flags |= flagShade1; break;
-    case 2: flags |= flagShade2; break;
-    case 10: flags |= flagShade10; break;
-    case 11: flags |= flagShade11; break;
+    case shadingColourKey: flags |= flagShade1; break;
+    case shadingAdditive: flags |= flagShade2; break;
+    case shadingBillboardOverAll: flags |= flagShade10; break;
+    case shadingBillboard: flags |= flagShade11; break;
     default: break;
     }
     return flags;
@@ -53,7 +57,7 @@ RenderModeRow unlitRow(u32 flags)
     }
 }
 
-// The row of all states other than 0, 1 and 2.
+// The row of the fallback states.
 // Intended: only the low byte counts, of which flagTextured and flagShade2 are not looked at.
 RenderModeRow otherRow(u32 flags)
 {
@@ -76,13 +80,13 @@ Selection select(const SceneMaterial& material, i32 state)
 {
     const u32 flags = material.materialFlags->flags;
     const bool textured = material.textureMap;
-    const bool palettised = textured && material.textureMap->image->bitsPerTexel == 8;
+    const bool palettised = textured && material.textureMap->image->bitsPerTexel == bitsPerTexelPalettised;
 
-    if (state == 1 || state == 2) {
+    if (state == stateLit || state == stateLitToo) {
         if (textured && !palettised) return {rowFallbackFlat, false};
         return {litRow(flags), true};
     }
-    if (state != 0) return {otherRow(flags), false};
+    if (state != stateUnlit) return {otherRow(flags), false};
     if (palettised) return {flags == flagTextured ? rowUnlitPalettised : rowFallbackFlat, true};
     return {unlitRow(flags), false};
 }

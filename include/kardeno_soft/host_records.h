@@ -1,53 +1,52 @@
 /* The host's records as they lie in the host's memory. They are the contract between a host and the renderer.
 
    The renderer keeps no scene of its own. It reads these records in place, at fixed byte offsets, and writes only the
-   fields that are marked "written by the renderer". Bytes inside a gap belong to the host and are never touched. A host
-   may append fields of its own to a record, unless the size of the record counts: CameraVertex, ScreenVertex,
-   VertexShade and TexCoord are elements of arrays, MaterialColour lies inside SceneMaterial, and the texels follow
-   TextureImage.
+   fields whose remarks begin with "Renderer". Bytes inside a gap belong to the host and are never touched. A host may
+   append fields of its own to a record, unless the size of the record counts: CameraVertex, ScreenVertex, VertexShade
+   and TexCoord are elements of arrays, MaterialColour lies inside SceneMaterial, and the texels follow TextureImage.
 
-   The header is plain C as well as C++. In C++ everything lies in namespace kardeno. */
+   Each field's remark begins with who writes it and when. "Host:" alone means that the value must be there before the
+   record is first used, and may be changed between any two calls of the renderer. Pointers are never 0 unless the
+   remark says what 0 means. */
 #pragma once
 
+#include "compilers.h"
 #include "types.h"
 
-#include <assert.h>
-#include <stddef.h>
+#include "c_names.h"
 
-/* These assert the place of a field and the size of a record, in bytes, with 32-bit and with 64-bit pointers. */
-#define KARDENO_OFFSET(record, field, at32, at64)                                                                      \
-    static_assert(offsetof(record, field) == (sizeof(void*) == 4 ? (at32) : (at64)), "")
-#define KARDENO_SIZE(record, size32, size64)                                                                           \
-    static_assert(sizeof(record) == (sizeof(void*) == 4 ? (size32) : (size64)), "")
+/* The records lie as a compiler lays them out by itself, also in a host that packs its own. */
+#pragma pack(push, 8)
 
 #ifdef __cplusplus
 namespace kardeno {
 #endif
 
-typedef struct HostContext HostContext;
-typedef struct RenderView RenderView;
-typedef struct ViewProjection ViewProjection;
-typedef struct SceneCamera SceneCamera;
-typedef struct CameraFunctions CameraFunctions;
-typedef struct SceneObject SceneObject;
-typedef struct ObjectClass ObjectClass;
-typedef struct ObjectFunctions ObjectFunctions;
-typedef struct SceneFace SceneFace;
-typedef struct FaceTest FaceTest;
-typedef struct SceneMaterial SceneMaterial;
-typedef struct MaterialNode MaterialNode;
-typedef struct MaterialColour MaterialColour;
-typedef struct MaterialPrivate MaterialPrivate; /* the renderer's own; a host only keeps the pointer */
-typedef struct MaterialFlags MaterialFlags;
-typedef struct TextureMap TextureMap;
-typedef struct TextureImage TextureImage;
-typedef struct CameraVertex CameraVertex;
-typedef struct ScreenVertex ScreenVertex;
-typedef struct VertexShade VertexShade;
-typedef struct TexCoord TexCoord;
+KARDENO_RECORD(HostContext);
+KARDENO_RECORD(RenderView);
+KARDENO_RECORD(ViewProjection);
+KARDENO_RECORD(SceneCamera);
+KARDENO_RECORD(CameraFunctions);
+KARDENO_RECORD(SceneObject);
+KARDENO_RECORD(ObjectClass);
+KARDENO_RECORD(ObjectFunctions);
+KARDENO_RECORD(SceneFace);
+KARDENO_RECORD(FaceTest);
+KARDENO_RECORD(SceneMaterial);
+KARDENO_RECORD(MaterialNode);
+KARDENO_RECORD(MaterialColour);
+KARDENO_RECORD(MaterialPrivate); /* the renderer's own; a host only keeps the pointer */
+KARDENO_RECORD(MaterialFlags);
+KARDENO_RECORD(TextureMap);
+KARDENO_RECORD(TextureImage);
+KARDENO_RECORD(CameraVertex);
+KARDENO_RECORD(ScreenVertex);
+KARDENO_RECORD(VertexShade);
+KARDENO_RECORD(TexCoord);
 
 /* A vertex in camera space: X points right, Y up and Z away from the eye. */
 struct CameraVertex {
+    /* Host, in prepareVertices: in the units of nearZ and farZ, any finite values */
     f32 x, y, z;
 };
 KARDENO_SIZE(CameraVertex, 12, 12);
@@ -57,6 +56,7 @@ KARDENO_OFFSET(CameraVertex, z, 8, 8);
 
 /* A projected vertex: its place on the screen in pixels, with y pointing down, and its inverse depth 1 / Z. */
 struct ScreenVertex {
+    /* Renderer, during a frame or a pick: valid while the vertex's stamp is the context's projectionStamp */
     f32 x, y, invDepth;
 };
 KARDENO_SIZE(ScreenVertex, 12, 12);
@@ -64,10 +64,13 @@ KARDENO_OFFSET(ScreenVertex, x, 0, 0);
 KARDENO_OFFSET(ScreenVertex, y, 4, 4);
 KARDENO_OFFSET(ScreenVertex, invDepth, 8, 8);
 
-/* The light at a vertex, as the host's `light` callback leaves it. */
+/* The light at a vertex. */
 struct VertexShade {
-    f32 red, green, blue; /* 0 to 255; read only by the two rows that interpolate colours */
-    f32 intensity;        /* 0 to 255; a quarter of it is the level in the shade ramp of 64 levels */
+    /* Host, in light: 0 (black) to 255 (full), read only by the two rows that interpolate colours */
+    f32 red, green, blue;
+    /* Host, in light: 0 (no light) to 255 (the top of the highlight); a quarter of it is the level in the
+       shade ramp of 64 levels, and values beyond 0 to 255 wrap around in it */
+    f32 intensity;
 };
 KARDENO_SIZE(VertexShade, 16, 16);
 KARDENO_OFFSET(VertexShade, red, 0, 0);
@@ -77,6 +80,8 @@ KARDENO_OFFSET(VertexShade, intensity, 12, 12);
 
 /* The texture coordinates of a corner. The image spans 0 to 1 in both directions. */
 struct TexCoord {
+    /* Host: u runs along a row of texels and v from row to row. A 256 x 256 image repeats in both directions; of other
+       images only whole turns of v repeat, and a u beyond 0 to 1 runs into the next row of texels */
     f32 u, v;
 };
 KARDENO_SIZE(TexCoord, 8, 8);
@@ -84,7 +89,8 @@ KARDENO_OFFSET(TexCoord, u, 0, 0);
 KARDENO_OFFSET(TexCoord, v, 4, 4);
 
 /* The outcode of a vertex has a bit for each clip plane. A bit that is set means that the vertex lies INSIDE that
-   plane. The host fills the outcodes of its vertices. */
+   plane. The host fills the outcodes of its vertices. Of a vertex between the near and the far plane the four other
+   bits are found on the screen, and of any other in camera space. */
 enum {
     outcodeNear = 0x01,   /* Z >= nearZ */
     outcodeFar = 0x02,    /* Z <= farZ */
@@ -95,24 +101,44 @@ enum {
     outcodeAll = 0x3f
 };
 
+/* The two formats of the frame buffer, as the values of HostContext.bitsPerPixel. */
+enum {
+    bitsPerPixel555 = 15, /* red in bits 14 to 10, green in 9 to 5, blue in 4 to 0; bit 15 is not used */
+    bitsPerPixel565 = 16  /* red in bits 15 to 11, green in 10 to 5, blue in 4 to 0 */
+};
+
 /* The host's services and its vertex arrays, handed over at initialisation. The record must live as long as the
-   renderer is used. */
+   renderer is used. The five arrays have an element for every index that a face may name; they may be replaced by
+   larger ones between two calls of the renderer and in prepareVertices. */
 struct HostContext {
     u8 gap0[4];
-    const CameraVertex* cameraVertices; /* written by the host's prepareVertices */
-    ScreenVertex* screenVertices;       /* written by the renderer when it projects a vertex */
+    /* Host, in prepareVertices: the vertices of the drawn object */
+    const CameraVertex* cameraVertices;
+    /* Host: the array; Renderer: its elements, when it first projects a vertex of an object */
+    ScreenVertex* screenVertices;
     u8 gap12[4];
-    const VertexShade* vertexShades; /* written by the host's light */
-    const u32* vertexOutcodes;       /* written by the host's prepareVertices */
-    u32* vertexStamps; /* written by the renderer: the projectionStamp under which a vertex was projected */
+    /* Host, in light: the light at the vertices of the drawn object; may be 0 while no material is lit or has a spare
+       row */
+    const VertexShade* vertexShades;
+    /* Host, in prepareVertices: the outcodes of the vertices of the drawn object */
+    const u32* vertexOutcodes;
+    /* Host: the array, filled with 0 once; Renderer: its elements, the projectionStamp under which a vertex was
+       projected */
+    u32* vertexStamps;
     u8 gap28[16];
-    void* (*alloc)(u32 count, u32 size);      /* zero-filled; 0 on failure */
-    void* (*realloc)(void* block, u32 bytes); /* a null block allocates; 0 on failure, which leaves the block valid */
-    void (*free)(void* block);
+    /* Host, before initialisation: returns count x size bytes filled with 0, or 0 when there are none */
+    void*(KARDENO_CALL* alloc)(u32 count, u32 size);
+    /* Host, before initialisation: makes a block larger and returns where it is then, or 0 when it cannot and the block
+       stays as it was; a block of 0 is a new one */
+    void*(KARDENO_CALL* realloc)(void* block, u32 bytes);
+    /* Host, before initialisation: takes back a block of the two functions above, never 0 */
+    void(KARDENO_CALL* free)(void* block);
     u8 gap56[296];
-    i32 bitsPerPixel; /* 16: RGB 5-6-5; 15: RGB 5-5-5 */
+    /* Host, before initialisation: bitsPerPixel555 or bitsPerPixel565, and nothing else */
+    i32 bitsPerPixel;
     u8 gap356[16476];
-    u32 projectionStamp; /* written by the renderer: incremented before each object's vertices are prepared */
+    /* Host: 0, once; Renderer: adds 1 before each object's vertices are lit and prepared */
+    u32 projectionStamp;
 };
 KARDENO_OFFSET(HostContext, cameraVertices, 4, 8);
 KARDENO_OFFSET(HostContext, screenVertices, 8, 16);
@@ -127,17 +153,25 @@ KARDENO_OFFSET(HostContext, projectionStamp, 16832, 16872);
 
 /* The view that a frame or a pick is made of: the objects, the camera and the drawn rectangle. */
 struct RenderView {
-    SceneObject* firstObject; /* first root; further roots follow through nextRoot */
+    /* Host: the first root; further roots follow through nextRoot; 0: no object */
+    SceneObject* firstObject;
     u8 gap4[16];
-    SceneCamera* camera; /* when 0, a frame or a pick does nothing */
+    /* Host: 0: a frame or a pick does nothing */
+    SceneCamera* camera;
     u8 gap24[8];
-    f32 left; /* left edge of the drawn rectangle in pixels, at least -32,768 */
-    f32 top;  /* first scanline, at least 0 */
+    /* Host: left edge of the drawn rectangle, the first column that is drawn; in pixels, at least -32,768 */
+    f32 left;
+    /* Host: the first scanline that is drawn, at least 0 */
+    f32 top;
     u8 gap40[8];
+    /* Host: nearest Z that is drawn, above 0; a corner that is cut at the near plane gets exactly this Z */
     f32 nearZ;
-    f32 farZ; /* also the starting depth of a pick */
+    /* Host: farthest Z that is drawn, above nearZ; also the depth at which a pick starts */
+    f32 farZ;
     u8 gap56[4];
-    i32 pitch; /* length of a frame-buffer row in pixels */
+    /* Host: length of a row of the frame buffer, in pixels and not in bytes */
+    i32 pitch;
+    /* Host */
     const ViewProjection* projection;
 };
 KARDENO_OFFSET(RenderView, firstObject, 0, 0);
@@ -152,16 +186,22 @@ KARDENO_OFFSET(RenderView, projection, 64, 72);
 /* The perspective projection: screen x is centreX + scaleX * X / Z, and screen y is centreY - scaleY * Y / Z. The host
    fills all ten fields. */
 struct ViewProjection {
-    f32 right;  /* right edge in pixels, at most 32,767 */
-    f32 bottom; /* scanlines run while y < bottom, at most 4,096 */
-    f32 centreX;
-    f32 centreY;
-    f32 scaleX;
-    f32 scaleY;
-    f32 invScaleX;         /* 1 / scaleX */
-    f32 invScaleY;         /* 1 / scaleY */
-    f32 centreXOverScaleX; /* centreX / scaleX */
-    f32 centreYOverScaleY; /* centreY / scaleY */
+    /* Host: right edge in pixels, the first column that is not drawn; at most 32,767 */
+    f32 right;
+    /* Host: scanlines are drawn while y < bottom; at most 4,096 */
+    f32 bottom;
+    /* Host: in pixels, where the eye looks */
+    f32 centreX, centreY;
+    /* Host: in pixels, half the width and half the height of the drawn rectangle; never 0 */
+    f32 scaleX, scaleY;
+    /* Host: 1 / scaleX */
+    f32 invScaleX;
+    /* Host: 1 / scaleY */
+    f32 invScaleY;
+    /* Host: centreX / scaleX */
+    f32 centreXOverScaleX;
+    /* Host: centreY / scaleY */
+    f32 centreYOverScaleY;
 };
 KARDENO_OFFSET(ViewProjection, right, 0, 0);
 KARDENO_OFFSET(ViewProjection, bottom, 4, 4);
@@ -175,12 +215,14 @@ KARDENO_OFFSET(ViewProjection, centreXOverScaleX, 32, 32);
 KARDENO_OFFSET(ViewProjection, centreYOverScaleY, 36, 36);
 
 struct CameraFunctions {
-    void (*prepare)(SceneCamera* camera, RenderView* view); /* called before anything else of a frame or a pick */
+    /* Host: called before anything else of a frame or a pick */
+    void(KARDENO_CALL* prepare)(SceneCamera* camera, RenderView* view);
 };
 KARDENO_OFFSET(CameraFunctions, prepare, 0, 0);
 
 struct SceneCamera {
     u8 gap0[92];
+    /* Host */
     const CameraFunctions* functions;
 };
 KARDENO_OFFSET(SceneCamera, functions, 92, 96);
@@ -188,21 +230,34 @@ KARDENO_OFFSET(SceneCamera, functions, 92, 96);
 /* A node of the host's object tree. */
 struct SceneObject {
     u8 gap0[36];
+    /* Host: 0: no children */
     SceneObject* firstChild;
+    /* Host: the next object below the same parent; 0: the last one */
     SceneObject* nextSibling;
-    SceneObject* nextRoot; /* only followed from the view's firstObject */
+    /* Host: only followed from the view's firstObject; 0: the last root */
+    SceneObject* nextRoot;
     u8 gap48[12];
-    i32 partOfGroup; /* nonzero: the object is drawn with the group object that encloses it */
+    /* Host: nonzero: the object is drawn with the group object that encloses it, and never on its own; 0: it stands for
+       itself, or is a group */
+    i32 partOfGroup;
     u8 gap64[16];
+    /* Host: 0: nothing to draw */
     i32 faceCount;
+    /* Host: faceCount pointers; may be 0 when there are no faces */
     SceneFace** faces;
     u8 gap88[4];
-    i32 visible; /* set by the host's testBounds; that of a group is also written by the renderer */
+    /* Host, in testBounds: nonzero: the object can be seen; 0: it is not drawn. Renderer: in a group that is not seen
+       itself 1 or 0, by whether one of its parts is */
+    i32 visible;
     u8 gap96[8];
-    MaterialNode* materials; /* the materials that the object uses */
+    /* Host: the materials that the object uses, looked through for one that needs light; 0: none */
+    MaterialNode* materials;
     u8 gap108[112];
-    const i32* groupFlag; /* points at a value that is nonzero when the object is a group */
+    /* Host: points at a value that is nonzero when the object is a group, which is culled and drawn as one with its
+       parts */
+    const i32* groupFlag;
     u8 gap224[4];
+    /* Host */
     ObjectClass* objectClass;
 };
 KARDENO_OFFSET(SceneObject, firstChild, 36, 40);
@@ -218,7 +273,9 @@ KARDENO_OFFSET(SceneObject, objectClass, 228, 264);
 
 /* A node of the linked list of materials that an object uses. */
 struct MaterialNode {
+    /* Host: a material for which a render state was chosen */
     SceneMaterial* material;
+    /* Host: 0: the last one */
     MaterialNode* next;
 };
 KARDENO_SIZE(MaterialNode, 8, 16);
@@ -228,21 +285,31 @@ KARDENO_OFFSET(MaterialNode, next, 4, 8);
 /* The class of an object, through which the renderer finds the object's functions. */
 struct ObjectClass {
     u8 gap0[108];
+    /* Host */
     const ObjectFunctions* functions;
 };
 KARDENO_OFFSET(ObjectClass, functions, 108, 112);
 
-/* The functions that the host provides for an object. `drawn` is the object that selectLevel chose: its geometry is
-   drawn. */
+/* The functions that the host provides for an object, in the order in which they are called. `drawn` is the object
+   that selectLevel chose: its geometry is drawn, and testBounds, light and prepareVertices are taken from its class.
+   None of the functions may call the renderer. */
 struct ObjectFunctions {
     u8 gap0[12];
-    void (*update)(SceneObject* object);
-    void (*transform)(SceneObject* object, RenderView* view);
-    SceneObject* (*selectLevel)(SceneObject* object, RenderView* view);            /* 0 means the object itself */
-    void (*testBounds)(SceneObject* drawn, SceneObject* object, RenderView* view); /* sets the object's `visible` */
-    void (*light)(SceneObject* drawn, SceneObject* object, RenderView* view);      /* fills vertexShades */
+    /* Host: brings the object's own state up to date for this frame */
+    void(KARDENO_CALL* update)(SceneObject* object);
+    /* Host: finds where the object stands as seen from the camera */
+    void(KARDENO_CALL* transform)(SceneObject* object, RenderView* view);
+    /* Host: returns the object whose geometry is drawn, for instance a simpler one far away, with the same tree below
+       it; 0: the object itself */
+    SceneObject*(KARDENO_CALL* selectLevel)(SceneObject* object, RenderView* view);
+    /* Host: sets the `visible` of `object` */
+    void(KARDENO_CALL* testBounds)(SceneObject* drawn, SceneObject* object, RenderView* view);
+    /* Host: fills vertexShades for the vertices of `drawn`; called only by frames, and only when a material of `drawn`
+       has a row that was last chosen by stateLit or stateLitToo */
+    void(KARDENO_CALL* light)(SceneObject* drawn, SceneObject* object, RenderView* view);
     u8 gap32[4];
-    void (*prepareVertices)(SceneObject* drawn, SceneObject* object, RenderView* view);
+    /* Host: fills cameraVertices and vertexOutcodes for the vertices of `drawn`, and the normals of its faces */
+    void(KARDENO_CALL* prepareVertices)(SceneObject* drawn, SceneObject* object, RenderView* view);
 };
 KARDENO_OFFSET(ObjectFunctions, update, 12, 16);
 KARDENO_OFFSET(ObjectFunctions, transform, 16, 24);
@@ -252,22 +319,35 @@ KARDENO_OFFSET(ObjectFunctions, light, 28, 48);
 KARDENO_OFFSET(ObjectFunctions, prepareVertices, 36, 64);
 
 struct FaceTest {
-    i32 (*test)(SceneFace* face); /* nonzero when the face is to be drawn */
+    /* Host: returns nonzero when the face is to be drawn, for instance because its front is seen */
+    i32(KARDENO_CALL* test)(SceneFace* face);
 };
 KARDENO_OFFSET(FaceTest, test, 0, 0);
 
-/* One convex polygon of an object. It has 3 to 10 corners and is seen only from the side on which they run
-   counter-clockwise on the screen. */
+/* How many corners a face may have. */
+enum { fewestFaceCorners = 3, mostFaceCorners = 10 };
+
+/* One convex, flat polygon of an object. It is seen only from the side on which its corners run counter-clockwise on
+   the screen. */
 struct SceneFace {
+    /* Host: fewestFaceCorners to mostFaceCorners; exactly 4 in a billboard */
     i32 vertexCount;
-    const i32* vertexIndices;  /* one per corner, into the vertex arrays of HostContext */
-    const TexCoord* texCoords; /* one per corner */
+    /* Host: one for each corner, into the vertex arrays of HostContext */
+    const i32* vertexIndices;
+    /* Host: one for each corner; may be 0 when the material has no texture map */
+    const TexCoord* texCoords;
     u8 gap12[8];
+    /* Host: a material for which a render state was chosen */
     SceneMaterial* material;
     u8 gap24[16];
-    f32 normalX, normalY, normalZ; /* normal of the face's plane in camera space, of any length */
+    /* Host, in prepareVertices: normal of the face's plane in camera space, of any length and either direction; its
+       product with a corner must not be 0, as it is for a plane through the eye */
+    f32 normalX, normalY, normalZ;
     u8 gap52[8];
-    u16* faceColour; /* written by the renderer: a block that holds a random flat colour, which the host may change */
+    /* Renderer, when the face is added: a block with a random flat colour in the frame buffer's format, which the host
+       may change; 0: the face was not added, or memory was refused, and must not be drawn */
+    u16* faceColour;
+    /* Host */
     const FaceTest* faceTest;
 };
 KARDENO_OFFSET(SceneFace, vertexCount, 0, 0);
@@ -281,9 +361,11 @@ KARDENO_OFFSET(SceneFace, faceColour, 60, 80);
 KARDENO_OFFSET(SceneFace, faceTest, 64, 88);
 
 struct MaterialColour {
+    /* Host: 0 to 255 */
     u8 red, green, blue;
     u8 gap3;
-    u16 packed; /* the same colour in frame-buffer format, prepared by the host */
+    /* Host: the same colour in the frame buffer's format; read of the diffuse colour alone */
+    u16 packed;
 };
 KARDENO_SIZE(MaterialColour, 6, 6);
 KARDENO_OFFSET(MaterialColour, red, 0, 0);
@@ -291,21 +373,45 @@ KARDENO_OFFSET(MaterialColour, green, 1, 1);
 KARDENO_OFFSET(MaterialColour, blue, 2, 2);
 KARDENO_OFFSET(MaterialColour, packed, 4, 4);
 
+/* The values of SceneMaterial.transparency. Any other one selects a fallback row. */
+enum { transparencyNone = 0, transparencyHalf = 50 };
+
+/* The values of SceneMaterial.shadingMode. Any other one means nothing. */
+enum {
+    shadingPlain = 0,
+    shadingColourKey = 1,         /* texels of one colour or index are not drawn */
+    shadingAdditive = 2,          /* the texels are added to what lies behind */
+    shadingBillboardOverAll = 10, /* the same on a square that faces the eye, drawn last and hidden by nothing */
+    shadingBillboard = 11         /* the same, hidden by what lies nearer */
+};
+
 struct SceneMaterial {
     u8 gap0[44];
+    /* Host: added at every level of the shade ramp of a material without a texture */
     MaterialColour ambientColour;
+    /* Host: what grows with the light in a material without a texture; its packed value draws the unlit ones */
     MaterialColour diffuseColour;
+    /* Host: added in the highlight, the upper levels of the shade ramp */
     MaterialColour specularColour;
+    /* Host: a factor for the diffuse colour or the palette; 255 leaves it as it is */
     MaterialColour tintColour;
-    i32 shininess;     /* percent; the highlight takes the top 32 - 28 * shininess / 100 of the 64 ramp levels */
-    i32 specularLevel; /* percent; the strength of the highlight at the top of the ramp */
-    i32 transparency;  /* 0: opaque; 50: half transparent; any other value selects a fallback row */
-    i32 shadingMode;   /* 1: colour key; 2: additive; 10 and 11: additive billboard; others mean nothing */
+    /* Host: percent, 0 to 100; the highlight takes the top 32 - 28 * shininess / 100 of the 64 ramp levels */
+    i32 shininess;
+    /* Host: percent; the strength of the highlight at the top of the ramp; 0: no highlight */
+    i32 specularLevel;
+    /* Host: transparencyNone or transparencyHalf; any other value selects a fallback row */
+    i32 transparency;
+    /* Host: one of the shading modes above */
+    i32 shadingMode;
     u8 gap84[8];
-    TextureMap* textureMap; /* 0 for a material without a texture */
+    /* Host: 0: a material without a texture */
+    TextureMap* textureMap;
     u8 gap96[12];
+    /* Host: where the renderer writes the flag word */
     MaterialFlags* materialFlags;
-    MaterialPrivate* renderPrivate; /* written by the renderer, which owns the record */
+    /* Renderer, when the material is added: its own record; 0: memory was refused. It stays after the release, when it
+       points at nothing */
+    MaterialPrivate* renderPrivate;
 };
 KARDENO_OFFSET(SceneMaterial, ambientColour, 44, 44);
 KARDENO_OFFSET(SceneMaterial, diffuseColour, 50, 50);
@@ -321,33 +427,45 @@ KARDENO_OFFSET(SceneMaterial, renderPrivate, 112, 128);
 
 struct MaterialFlags {
     u8 gap0[4];
-    u32 flags; /* written by the renderer: the material flag word */
+    /* Renderer, when a render state is chosen: the material flag word, a sum of the flags of render_modes.h */
+    u32 flags;
 };
 KARDENO_OFFSET(MaterialFlags, flags, 4, 4);
 
 struct TextureMap {
     u8 gap0[51];
-    u8 transparentIndex;   /* palette index that the colour-keyed lit filler leaves undrawn */
-    u16 transparentColour; /* texel that the colour-keyed unlit filler leaves undrawn */
+    /* Host: palette index that the colour-keyed lit filler leaves undrawn */
+    u8 transparentIndex;
+    /* Host: texel that the colour-keyed unlit filler leaves undrawn */
+    u16 transparentColour;
     u8 gap54[2];
+    /* Host */
     TextureImage* image;
-    const u8* palette; /* 256 x { blue, green, red, unused } */
+    /* Host: 256 x { blue, green, red, unused }; may be 0 when the image has no palette indices */
+    const u8* palette;
 };
 KARDENO_OFFSET(TextureMap, transparentIndex, 51, 51);
 KARDENO_OFFSET(TextureMap, transparentColour, 52, 52);
 KARDENO_OFFSET(TextureMap, image, 56, 56);
 KARDENO_OFFSET(TextureMap, palette, 60, 64);
 
+/* What a texel may be, as the values of TextureImage.bitsPerTexel. */
+enum { bitsPerTexelPalettised = 8, bitsPerTexelPixels = 16 };
+
 /* The head of an image, whose texels follow it row after row. A texel is a u8 palette index when bitsPerTexel is 8, and
    otherwise a u16 pixel in the frame buffer's format. Width and height are powers of two. */
 struct TextureImage {
+    /* Host: bitsPerTexelPalettised or bitsPerTexelPixels */
     u32 bitsPerTexel;
     u8 gap4[8];
-    u32 is256x256; /* nonzero: the image is 256 x 256, and each coordinate wraps by itself */
-    u32 indexMask; /* width x height - 1 */
-    u32 rowShift;  /* log2 of the width */
-    f32 width;     /* texels */
-    f32 height;
+    /* Host: nonzero: the image is 256 x 256, and each coordinate wraps by itself; 0: any powers of two */
+    u32 is256x256;
+    /* Host: width x height - 1 */
+    u32 indexMask;
+    /* Host: log2 of the width */
+    u32 rowShift;
+    /* Host: in texels */
+    f32 width, height;
 };
 KARDENO_SIZE(TextureImage, 32, 32);
 KARDENO_OFFSET(TextureImage, bitsPerTexel, 0, 0);
@@ -360,3 +478,7 @@ KARDENO_OFFSET(TextureImage, height, 28, 28);
 #ifdef __cplusplus
 } /* namespace kardeno */
 #endif
+
+#pragma pack(pop)
+
+#include "c_names_end.h"

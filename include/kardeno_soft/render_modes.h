@@ -7,20 +7,42 @@
 
        material->renderPrivate->mode += rowSpareA - rowOfThatState;
 
-   The order of the rows, their size and the place of `mode` are promised for that purpose.
-
-   The header is plain C as well as C++. In C++ everything lies in namespace kardeno. */
+   The order of the rows, their size and the place of `mode` are promised for that purpose. */
 #pragma once
 
 #include "host_records.h"
+
+#include "c_names.h"
+
+#pragma pack(push, 8)
 
 #ifdef __cplusplus
 namespace kardeno {
 #endif
 
-typedef struct ScreenPolygon ScreenPolygon; /* the renderer's own */
-typedef struct RenderMode RenderMode;
-typedef struct ClipperFamily ClipperFamily;
+/* The render states. All other values are fallbacks, as stateFallback is: faces in one flat colour. */
+enum {
+    stateUnlit = 0,   /* the colours of the material or its texture as they are */
+    stateLit = 1,     /* lit by the intensities that the host's light leaves */
+    stateLitToo = 2,  /* the same as stateLit */
+    stateFallback = 3 /* the random colour of each face */
+};
+
+/* The bits of a material's flag word, which the renderer sums up from its texture map, transparency and shadingMode. A
+   row is selected by the whole word. */
+enum {
+    flagTextured = 1,          /* it has a texture map */
+    flagShade1 = 2,            /* shadingColourKey */
+    flagHalfTransparent = 4,   /* transparencyHalf */
+    flagOtherTransparency = 8, /* any other transparency but transparencyNone */
+    flagShade2 = 64,           /* shadingAdditive */
+    flagShade10 = 256,         /* shadingBillboardOverAll */
+    flagShade11 = 512          /* shadingBillboard */
+};
+
+KARDENO_RECORD(ScreenPolygon); /* the renderer's own */
+KARDENO_RECORD(RenderMode);
+KARDENO_RECORD(ClipperFamily);
 
 /* Turns a face that passed the host's test into a screen polygon and appends it to one of the frame's lists. A face of
    which nothing is in view is dropped. */
@@ -43,9 +65,13 @@ struct ClipperFamily {
 /* A row of the table: an emission routine, the six plane clippers that it calls, and the filler that draws the result.
    */
 struct RenderMode {
-    i32 state; /* the render state most recently chosen with this row, by whichever material */
+    /* Renderer, when a render state is chosen: that state, by whichever material */
+    i32 state;
+    /* Renderer, at initialisation */
     EmitRoutine emit;
+    /* Renderer, at initialisation */
     ClipperFamily clip;
+    /* Renderer, at initialisation */
     FillRoutine fill;
 };
 KARDENO_SIZE(RenderMode, 36, 72);
@@ -64,8 +90,11 @@ typedef u32 RampEntry;
 
 /* The renderer's private record of a material, which it allocates through the host, filled with zeros. */
 struct MaterialPrivate {
-    RenderMode* mode;     /* 0 until a render state is first chosen */
-    RampEntry* shadeRamp; /* 0 until a row first needs it; keeps its size for the material's life */
+    /* Renderer, when a render state is chosen; a host may move it to a spare row; 0: no render state was chosen yet */
+    RenderMode* mode;
+    /* Renderer, when a render state first needs it: 64 entries, or 64 x 256 with a texture map; keeps its size for the
+       material's life; 0: not needed yet */
+    RampEntry* shadeRamp;
 };
 KARDENO_SIZE(MaterialPrivate, 8, 16);
 KARDENO_OFFSET(MaterialPrivate, mode, 0, 0);
@@ -99,3 +128,7 @@ typedef enum RenderModeRow {
 #ifdef __cplusplus
 } /* namespace kardeno */
 #endif
+
+#pragma pack(pop)
+
+#include "c_names_end.h"

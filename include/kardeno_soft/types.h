@@ -1,8 +1,11 @@
 /* The number types of the renderer. Their widths are part of the contract with the host: a record never says `int` or
-   `float`. The header is plain C as well as C++, like the host's records. */
+   `float`. In C they are other names for those of <stdint.h> and for float, and a host sees only these, unless it asks
+   for short names (kardeno_soft.h tells how). */
 #pragma once
 
 #include <stdint.h>
+
+#if defined(__cplusplus) || defined(KARDENO_SHORT_NAMES)
 
 #ifdef __cplusplus
 namespace kardeno {
@@ -18,4 +21,6 @@ typedef double f64; /* IEEE double: formulas are evaluated in it and rounded onc
 
 #ifdef __cplusplus
 }
+#endif
+
 #endif

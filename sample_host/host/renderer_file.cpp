@@ -85,36 +85,9 @@ void RendererFile::find(Function& function, const char* name)
 
 void RendererFile::findAll()
 {
-    find(table_.initRender, "Kardeno_Init_Render_Dll");
-    find(table_.releaseRender, "Kardeno_Release_Render_Dll");
-    find(table_.render, "Kardeno_Render_Dll");
-    find(table_.pick, "Kardeno_Pick_Dll");
-
-    find(table_.addMaterial, "Kardeno_Add_Material_Dll");
-    find(table_.releaseMaterial, "Kardeno_Release_Material_Dll");
-    find(table_.updateMaterial, "Kardeno_Update_Material_Dll");
-    find(table_.setMaterialRenderState, "Kardeno_Set_Material_Render_State_Dll");
-    find(table_.getMaterialRenderState, "Kardeno_Get_Material_Render_State_Dll");
-    find(table_.setMaterialFlags, "Kardeno_Set_Material_Fct_Dll");
-    find(table_.addFace, "Kardeno_Add_Face_Dll");
-    find(table_.releaseFace, "Kardeno_Release_Face_Dll");
-
-    find(table_.addAnimation, "Kardeno_Add_Animation_Dll");
-    find(table_.releaseAnimation, "Kardeno_Release_Animation_Dll");
-    find(table_.addCamera, "Kardeno_Add_Camera_Dll");
-    find(table_.releaseCamera, "Kardeno_Release_Camera_Dll");
-    find(table_.addLight, "Kardeno_Add_Light_Dll");
-    find(table_.releaseLight, "Kardeno_Release_Light_Dll");
-    find(table_.addLightMap, "Kardeno_Add_Light_Map_Dll");
-    find(table_.releaseLightMap, "Kardeno_Release_Light_Map_Dll");
-    find(table_.updateLightMap, "Kardeno_Update_Light_Map_Dll");
-    find(table_.addMap, "Kardeno_Add_Map_Dll");
-    find(table_.releaseMap, "Kardeno_Release_Map_Dll");
-    find(table_.updateMap, "Kardeno_Update_Map_Dll");
-    find(table_.addObject, "Kardeno_Add_Object_Dll");
-    find(table_.releaseObject, "Kardeno_Release_Object_Dll");
-    find(table_.addSpotLight, "Kardeno_Add_Spot_Light_Dll");
-    find(table_.releaseSpotLight, "Kardeno_Release_Spot_Light_Dll");
+#define FIND(field, name) find(table_.field, #name);
+    KARDENO_FUNCTIONS(FIND)
+#undef FIND
 }
 
 } // namespace sample_host

@@ -1,0 +1,6 @@
+// The header behind <windows.h>.
+#include <windows.h>
+
+#include "kardeno_soft/kardeno_soft.h"
+
+kardeno::RenderView view;

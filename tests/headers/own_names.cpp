@@ -1,0 +1,17 @@
+// A host in C++ that has names of its own which are also those of the renderer's records and numbers.
+typedef unsigned long u32;
+struct RenderView {
+    int own;
+};
+struct TextureMap {
+    int own;
+};
+
+#include "kardeno_soft/kardeno_soft.h"
+
+int sum(const RenderView& ownView, const TextureMap& ownMap, u32 own, const kardeno::RenderView& view, kardeno::u32);
+
+int sum(const RenderView& ownView, const TextureMap& ownMap, u32 own, const kardeno::RenderView& view, kardeno::u32)
+{
+    return ownView.own + ownMap.own + int(own) + view.pitch + kardeno::outcodeAll;
+}

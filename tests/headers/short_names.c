@@ -1,0 +1,15 @@
+/* A host in C that asks for the names as the headers write them. */
+#define KARDENO_SHORT_NAMES
+#include "kardeno_soft/kardeno_soft.h"
+
+RenderView view;
+HostContext context;
+u32 number;
+f32 real;
+
+int sum(void);
+
+int sum(void)
+{
+    return view.pitch + context.bitsPerPixel + outcodeAll + transparencyHalf + rowSpareA;
+}

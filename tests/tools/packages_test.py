@@ -1,0 +1,74 @@
+"""What makes and checks packages and examples: archives that do not depend on times, and examples whose faults show."""
+import hashlib
+import os
+import tarfile
+import unittest
+import zipfile
+
+from tools_under_test import ToolTest
+
+
+class Pack(ToolTest):
+    def fill(self, folder, names):
+        for name in names:
+            self.write(f"{folder}/{name}", f"this is {name}")
+        (self.folder / folder / "link").symlink_to("b/c.txt")
+        (self.folder / folder / "a.txt").chmod(0o700)
+
+    def pack(self, folder, archive):
+        (self.folder / archive).parent.mkdir(exist_ok=True)
+        self.assert_passes(self.run_tool("pack", self.folder / folder, self.folder / archive))
+        return (self.folder / archive).read_bytes()
+
+    def test_times_and_the_order_of_creation_do_not_change_an_archive(self):
+        self.fill("first", ["a.txt", "b/c.txt", "b.txt"])
+        self.fill("second", ["b.txt", "b/c.txt", "a.txt"])
+        for name in ("a.txt", "b", "b/c.txt"):
+            os.utime(self.folder / "second" / name, (1234567890, 1234567890))
+        for ending in ("tar.gz", "zip"):
+            self.assertEqual(self.pack("first", f"1/x.{ending}"), self.pack("second", f"2/x.{ending}"))
+
+    def test_contents_modes_and_links_are_kept_in_one_folder(self):
+        self.fill("first", ["a.txt", "b/c.txt"])
+        self.pack("first", "x-1.0.tar.gz")
+        with tarfile.open(self.folder / "x-1.0.tar.gz") as tar:
+            self.assertEqual(tar.getnames(), ["x-1.0/a.txt", "x-1.0/b", "x-1.0/b/c.txt", "x-1.0/link"])
+            self.assertEqual(tar.extractfile("x-1.0/b/c.txt").read(), b"this is b/c.txt")
+            self.assertEqual(tar.getmember("x-1.0/link").linkname, "b/c.txt")
+            self.assertEqual([tar.getmember(f"x-1.0/{name}").mode for name in ("a.txt", "b/c.txt")], [0o755, 0o644])
+            self.assertEqual({(entry.uid, entry.gid, entry.mtime) for entry in tar}, {(0, 0, 315532800)})
+        self.pack("first", "x-1.0.zip")
+        with zipfile.ZipFile(self.folder / "x-1.0.zip") as packed:
+            self.assertEqual(packed.namelist(), ["x-1.0/a.txt", "x-1.0/b/c.txt", "x-1.0/link"])
+            self.assertEqual(packed.read("x-1.0/b/c.txt"), b"this is b/c.txt")
+
+    def test_other_archives_are_refused(self):
+        self.fill("first", ["a.txt", "b/c.txt"])
+        run = self.run_tool("pack", self.folder / "first", self.folder / "x.rar")
+        self.assert_fails(run, "neither .tar.gz nor .zip")
+
+
+class CheckExample(ToolTest):
+    PICTURE = "P6 1 1 255\nabc"
+
+    def check(self, script):
+        program = self.write("program", f"#!/bin/sh\n{script}\n")
+        program.chmod(0o755)
+        digest = hashlib.sha256(self.PICTURE.encode()).hexdigest()
+        expected = self.write("expected.txt", f"hello\npicture.ppm: {digest}\n")
+        return self.run_tool("check_example", expected, self.folder / "run", program)
+
+    def test_the_expected_words_and_picture_pass(self):
+        self.assert_passes(self.check(f"echo hello; printf '{self.PICTURE}' >$1"))
+
+    def test_other_words_and_another_picture_are_shown(self):
+        self.assert_fails(self.check(f"echo hallo; printf '{self.PICTURE}' >$1"), "-hello", "+hallo")
+        self.assert_fails(self.check("echo hello; echo other >$1"), "-picture.ppm: ", "+picture.ppm: ")
+
+    def test_an_example_that_fails_or_draws_nothing_is_a_fault(self):
+        self.assert_fails(self.check(f"echo hello; printf '{self.PICTURE}' >$1; exit 3"), "ended with 3")
+        self.assert_fails(self.check("echo hello"), "drew no picture")
+
+
+if __name__ == "__main__":
+    unittest.main()
