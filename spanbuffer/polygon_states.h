@@ -7,6 +7,8 @@
 
 namespace kardeno {
 
+using i16 = int16_t; // columns and rows are stored in 16 bits where a frame has many of them
+
 // A state is named by its offset in bytes from the first state, so that an edge or a span finds it without arithmetic.
 using StateOffset = u32;
 

@@ -14,7 +14,6 @@ namespace kardeno {
 typedef uint8_t u8;
 typedef uint16_t u16;
 typedef uint32_t u32;
-typedef int16_t i16;
 typedef int32_t i32;
 typedef float f32;  /* IEEE single */
 typedef double f64; /* IEEE double: formulas are evaluated in it and rounded once, where they are stored */
