@@ -80,7 +80,7 @@ inline void walkSide(const Corners<Format>& corners, i32 a, i32 b, i32 top, Lane
     for (u32 i = 0; i < furtherCount; ++i) side->further[i] = corners.further(a)[i];
     if (row + 1 == rowsEnd) return; // a side of one row needs no steps
 
-    const f64 inverse = reciprocal(rowsEnd - row);
+    const f64 inverse = reciprocal(static_cast<u32>(rowsEnd - row));
     const f32x4 step = scaledDifference(lanes, corners.lanes(b), inverse);
     f32 further[furtherCount + 1] = {};
     f32 furtherStep[furtherCount + 1] = {};

@@ -93,7 +93,7 @@ private:
         const f32x4 left = loadedLanes(ends.left.lanes);
         const f32x4 right = loadedLanes(ends.right.lanes);
         const i32 width = wrappingDifference(columnOf(right), columnOf(left));
-        const f32 inverse = width == 0 ? 0.0f : stored(reciprocal(width));
+        const f32 inverse = stored(width >= 0 ? reciprocal(static_cast<u32>(width)) : 1.0 / width); // 0 for 0
         step = scaledDifference(left, right, inverse);
         if constexpr (hasShadeOnScreen)
             shadeStep = truncated((static_cast<f64>(ends.right.further[0]) - ends.left.further[0]) * inverse);

@@ -7,7 +7,7 @@ namespace kardeno {
 namespace {
 
 constexpr u32 shortCount = 12; // up to which an insertion sort is the fastest one
-constexpr u32 mostBuckets = 1024;
+constexpr u32 mostBuckets = 2048;
 constexpr u32 crowdedBucket = 24; // more edges than these in a bucket are left to the merge sort
 
 // Inserts the edge into the first `count` edges, behind those with the same x.
@@ -27,9 +27,9 @@ void merge(const ScanEdge* first, const ScanEdge* firstEnd, const ScanEdge* seco
     while (second != secondEnd) *to++ = *second++;
 }
 
-// A distribution into buckets of equal width, about as many as there are edges, and an insertion sort over all of them.
-// The edges are taken from the last to the first, which puts those with the same x in the order that is asked for.
-// Returns false, with nothing done, when too many edges would share a bucket.
+// A distribution into buckets of equal width, some twice as many as there are edges, and an insertion sort over all of
+// them. The edges are taken from the last to the first, which puts those with the same x in the order that is asked
+// for. Returns false, with nothing done, when too many edges would share a bucket.
 bool sortByBuckets(const ScanEdge* edges, u32 count, ScanEdge* sorted)
 {
     i32 least = edges[0].x;
@@ -40,7 +40,7 @@ bool sortByBuckets(const ScanEdge* edges, u32 count, ScanEdge* sorted)
         most = x > most ? x : most;
     }
     const u32 width = static_cast<u32>(most) - static_cast<u32>(least);
-    const u32 wanted = std::bit_ceil(count) < mostBuckets ? std::bit_ceil(count) : mostBuckets;
+    const u32 wanted = count < mostBuckets / 2 ? 2 * std::bit_ceil(count) : mostBuckets;
     const u32 widthBits = static_cast<u32>(std::bit_width(width));
     const u32 wantedBits = static_cast<u32>(std::bit_width(wanted - 1));
     const u32 shift = widthBits > wantedBits ? widthBits - wantedBits : 0;

@@ -16,7 +16,7 @@ namespace {
 constexpr f64 fixedOne = 65536.0;
 
 // A row's slot in sideCounts.starting becomes the place of its next edge when the table is laid out.
-u32& nextEdgeOf(i32 row)
+u32& nextEdgeOf(u32 row)
 {
     return sideCounts.starting[row];
 }
@@ -69,7 +69,7 @@ void ResetEdgeTable(const DrawnRectangle& drawn)
     for (i32 y = drawn.top; y < drawn.bottom; ++y) {
         const u32 starting = sideCounts.starting[y];
         EdgeStartTable[y] = place;
-        nextEdgeOf(y) = place;
+        nextEdgeOf(static_cast<u32>(y)) = place;
         place += starting;
     }
     if (drawn.top < drawn.bottom) EdgeStartTable[drawn.bottom] = place;
@@ -77,24 +77,26 @@ void ResetEdgeTable(const DrawnRectangle& drawn)
 
 // Adds the side from a to b of a polygon; `side` has the polygon's state and whether it occludes. A side that covers no
 // row of the rectangle has no edge.
-void addSide(const DrawnRectangle& drawn, u32 side, const CornerPlace& a, const CornerPlace& b)
+inline void addSide(const DrawnRectangle& drawn, u32 side, const CornerPlace& a, const CornerPlace& b)
 {
     const SideRows rows = rowsOfSide(a.y, b.y, drawn.top, drawn.bottom);
-    if (!rows.makesEdge) return;
-
-    const i32 dy = wrappingDifference(b.y, a.y);
-    const bool down = dy > 0;
+    const bool down = wrappingDifference(b.y, a.y) > 0;
     const CornerPlace& top = down ? a : b;
+    const CornerPlace& bottom = down ? b : a;
+    const u32 height = static_cast<u32>(bottom.y) - static_cast<u32>(top.y);
+
     ScanEdge edge;
-    edge.x = truncated(top.x * fixedOne);
-    edge.xStep = 0; // is not looked at when the side ends on the next row
+    edge.xStep = truncated(((static_cast<f64>(bottom.x) - top.x) * fixedOne) * reciprocal(height));
+    edge.x =
+        wrappingSum(truncated(top.x * fixedOne), wrappingProduct(edge.xStep, wrappingDifference(rows.start, top.y)));
     edge.side = side | (down ? ScanEdge::enters : 0);
     edge.lastRow = rows.end - 1;
-    if (dy != 1 && dy != -1) {
-        edge.xStep = truncated(((static_cast<f64>(b.x) - a.x) * fixedOne) * reciprocal(dy));
-        edge.x = wrappingSum(edge.x, wrappingProduct(edge.xStep, wrappingDifference(rows.start, top.y)));
-    }
-    EdgePool.edges[nextEdgeOf(rows.start)++] = edge;
+
+    // Whether a side makes an edge is hard to predict: what makes none is written where nobody reads it.
+    ScanEdge unused;
+    u32& next = nextEdgeOf(static_cast<u32>(rows.start) % scanlineCount);
+    *(rows.makesEdge ? EdgePool.edges + next : &unused) = edge;
+    next += rows.makesEdge ? 1 : 0;
 }
 
 // Adds all sides of a polygon, from corner 0 to corner 1 first.

@@ -18,12 +18,10 @@ struct ReciprocalTable {
 
 inline constexpr ReciprocalTable reciprocals;
 
-// Returns 1 / n, for any n.
-inline f64 reciprocal(i32 n)
+// Returns 1 / n, for any n. The table holds 0 for 0.
+inline f64 reciprocal(u32 n)
 {
-    const u32 magnitude = n < 0 ? 0u - static_cast<u32>(n) : static_cast<u32>(n);
-    if (magnitude == 0 || magnitude >= reciprocalCount) return 1.0 / n;
-    return n < 0 ? -reciprocals.of[magnitude] : reciprocals.of[magnitude];
+    return n < reciprocalCount ? reciprocals.of[n] : 1.0 / n;
 }
 
 } // namespace kardeno
