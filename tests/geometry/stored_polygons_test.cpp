@@ -79,11 +79,17 @@ void forEveryFormat(Check check)
     List<PositionsOnly, Coloured, ColouredTextured, Lit, LitTextured, Textured>::forEach(check);
 }
 
-// A number of any kind: ordinary, huge, tiny, infinite, no number.
+// The bits of a number of any kind: ordinary, huge, tiny, infinite, no number. No arithmetic leaves a signalling one.
+u32 anyBits(RandomNumbers& random)
+{
+    const u32 bits = random.next();
+    return (bits & 0x7f800000) == 0x7f800000 ? bits | 0x00400000 : bits;
+}
+
 f32 anyNumber(RandomNumbers& random)
 {
     f32 number;
-    const u32 bits = random.next();
+    const u32 bits = anyBits(random);
     std::memcpy(&number, &bits, sizeof number);
     return random.chance(50) ? number : static_cast<f32>(random.real(-1000, 1000));
 }
@@ -118,7 +124,10 @@ TEST_CASE("what is stored of a polygon comes back, and everything else is 0")
             RandomNumbers random(seed);
             const StoredList lists;
             ScreenPolygon polygon;
-            for (size_t i = 0; i < sizeof polygon; ++i) reinterpret_cast<u8*>(&polygon)[i] = random.byte();
+            for (size_t i = 0; i < sizeof polygon; i += 4) {
+                const u32 bits = anyBits(random);
+                std::memcpy(reinterpret_cast<u8*>(&polygon) + i, &bits, 4);
+            }
             polygon.vertexCount = random.integer(3, 16);
             polygon.scanY[1] = polygon.scanY[0] + 1;
             SceneMaterial material;
