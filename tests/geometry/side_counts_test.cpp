@@ -20,7 +20,7 @@ struct Rows {
 // Stores a polygon with these rows in the resolved list, which has room for one.
 bool countPolygon(const std::vector<i32>& rows)
 {
-    static u8 block[listRecordBytes] alignas(16);
+    alignas(16) static u8 block[listRecordBytes];
     ScreenPolygon polygon = {};
     for (const i32 row : rows) polygon.scanY[polygon.vertexCount++] = row;
     StoredPolygon& stored = *reinterpret_cast<StoredPolygon*>(block);
