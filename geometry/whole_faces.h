@@ -65,10 +65,10 @@ template <class Format, class TargetList, i32 knownCount>
     polygon.faceColour = colourOf(face);
     setDepthPlane(context, view, face, polygon);
     if constexpr (TargetList::sorted) polygon.maxDepth = deepestCorner(context, face);
-    if constexpr (TargetList::resolved) {
-#pragma GCC unroll 4
-        for (i32 i = 0; i < count; ++i) list.lastSideMakesEdge = countSide(rows[i], rows[i + 1 < count ? i + 1 : 0]);
-    }
+    if constexpr (TargetList::resolved && knownCount == 3)
+        list.lastSideMakesEdge = countTriangle(i32x4{rows[0], rows[1], rows[2], rows[0]});
+    else if constexpr (TargetList::resolved)
+        list.lastSideMakesEdge = countSides(polygon);
     commitPolygon(list, polygon);
 }
 

@@ -122,6 +122,28 @@ inline u16x8 selected(u16x8 mask, u16x8 ifSet, u16x8 ifClear)
     return (ifSet & mask) | (ifClear & ~mask);
 }
 
+inline i32x4 selected(i32x4 mask, i32x4 ifSet, i32x4 ifClear)
+{
+    return (ifSet & mask) | (ifClear & ~mask);
+}
+
+inline f32x4 selected(i32x4 mask, f32x4 ifSet, f32x4 ifClear)
+{
+    return std::bit_cast<f32x4>(selected(mask, std::bit_cast<i32x4>(ifSet), std::bit_cast<i32x4>(ifClear)));
+}
+
+// The upper two lanes, in the place of the lower two.
+inline f32x4 upperLanes(f32x4 lanes)
+{
+    return __builtin_shufflevector(lanes, lanes, 2, 3, 2, 3);
+}
+
+// The lower two lanes of both.
+inline i32x4 joined(i32x4 lower, i32x4 upper)
+{
+    return __builtin_shufflevector(lower, upper, 0, 1, 4, 5);
+}
+
 // Wrapping sums and differences of signed lanes. The language leaves the signed operators undefined where they
 // overflow.
 inline i32x4 wrappingSum(i32x4 a, i32x4 b)
@@ -147,6 +169,7 @@ inline f64x2 widened(f32x4 values)
 // Truncates each lane as truncated() does. The integers are in the lower two lanes.
 #if defined(KARDENO_OPAQUE_TRUNCATION)
 i32x4 truncatedLanes(f64x2 values);
+i32x4 truncatedLanes(f32x4 values);
 #else
 inline i32x4 truncatedLanes(f64x2 values)
 {
@@ -154,6 +177,16 @@ inline i32x4 truncatedLanes(f64x2 values)
     return truncatedLanesByInstruction<i32x4>(values);
 #else
     return i32x4{truncated(values[0]), truncated(values[1]), 0, 0};
+#endif
+}
+
+// The same for four singles.
+inline i32x4 truncatedLanes(f32x4 values)
+{
+#if defined(KARDENO_LANE_INSTRUCTIONS)
+    return truncatedSinglesByInstruction<i32x4>(values);
+#else
+    return i32x4{truncated(values[0]), truncated(values[1]), truncated(values[2]), truncated(values[3])};
 #endif
 }
 #endif

@@ -22,6 +22,16 @@ Integers truncatedLanesByInstruction(Doubles values)
     return std::bit_cast<Integers>(wasm_i32x4_trunc_sat_f64x2_zero(fitting));
 }
 
+// The same for four singles.
+template <class Integers, class Singles>
+Integers truncatedSinglesByInstruction(Singles values)
+{
+    const v128_t all = std::bit_cast<v128_t>(values);
+    const v128_t fits = wasm_f32x4_lt(all, wasm_f32x4_splat(2147483648.0f));
+    const v128_t fitting = wasm_v128_bitselect(all, wasm_f32x4_splat(-2147483648.0f), fits);
+    return std::bit_cast<Integers>(wasm_i32x4_trunc_sat_f32x4(fitting));
+}
+
 // Returns the lower two lanes as doubles.
 template <class Doubles, class Singles>
 Doubles widenedByInstruction(Singles values)

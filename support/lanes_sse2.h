@@ -21,6 +21,14 @@ Integers truncatedLanesByInstruction(Doubles values)
     return std::bit_cast<Integers>(_mm_cvttpd_epi32(std::bit_cast<__m128d>(values)));
 }
 
+// The same for four singles.
+template <class Integers, class Singles>
+Integers truncatedSinglesByInstruction(Singles values)
+{
+    asm("" : "+x"(values));
+    return std::bit_cast<Integers>(_mm_cvttps_epi32(std::bit_cast<__m128>(values)));
+}
+
 // Returns the lower two lanes as doubles.
 template <class Doubles, class Singles>
 Doubles widenedByInstruction(Singles values)

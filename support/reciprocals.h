@@ -5,7 +5,7 @@
 
 namespace kardeno {
 
-inline constexpr u32 reciprocalCount = 512;
+inline constexpr u32 reciprocalCount = 4097;
 
 struct ReciprocalTable {
     f64 of[reciprocalCount];
@@ -17,6 +17,12 @@ struct ReciprocalTable {
 };
 
 inline constexpr ReciprocalTable reciprocals;
+
+// Returns 1 / n for an n that is not negative and less than reciprocalCount; 0 for 0.
+inline f64 tableReciprocal(i32 n)
+{
+    return reciprocals.of[n];
+}
 
 // Returns 1 / n, for any n. The table holds 0 for 0.
 inline f64 reciprocal(u32 n)
