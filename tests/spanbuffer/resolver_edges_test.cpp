@@ -37,6 +37,19 @@ TEST_CASE("edges with the same x do not swap, and crossed ones do")
     CHECK(runsOf(upright, 2) == Runs{{10, 12, 2}, {5, 6, 2}});
 }
 
+TEST_CASE("an edge that passes another one stays behind those whose x it only reaches")
+{
+    SpanScene scene({.right = 30, .bottom = 2});
+    scene.addRectangle(5, 0, 20, 2);
+    const ScreenPolygon& passed = scene.addRectangle(9, 0, 22, 2);
+    const ScreenPolygon& slanted = scene.add({{12, 0}, {-2, 2}, {24, 2}, {24, 0}}); // 12, 5
+    scene.resolve();
+    // On row 1 they are entered in this order: the upright one at 5, the slanted one at 5, the one at 9.
+    CHECK(runsOf(slanted, 1) == Runs{{22, 24, 1}, {5, 9, 1}});
+    CHECK(runsOf(passed, 1) == Runs{{9, 22, 1}});
+    CHECK(runsOf(scene.polygons[0], 1).empty());
+}
+
 TEST_CASE("one edge may pass several others between two rows")
 {
     SpanScene scene({.right = 60, .bottom = 3});
