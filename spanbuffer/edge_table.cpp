@@ -135,8 +135,6 @@ inline void addTriangle(const DrawnRectangle& drawn, u32 side, const CornerPlace
         __builtin_shufflevector(highX, highSide, 0, 1, 4, 5),
     };
 
-    // A side that makes no edge begins on a row all the same. What is written for it is written over by the next edge of
-    // that row; behind the last one of a row it must not be written.
     const i32x4 starts = sides.start & i32{scanlineCount - 1};
     for (i32 i = 0; i < 3; ++i) {
         if (!sides.makesEdge[i]) continue;

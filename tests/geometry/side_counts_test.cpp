@@ -1,8 +1,11 @@
 // How many sides begin on each row, and which sides make an edge at all.
 #include "geometry/list_storing.h"
+#include "tests/support/seeds.h"
 #include "tests/support/test_host.h"
 
 #include <doctest/doctest.h>
+
+#include <random>
 
 using namespace kardeno;
 using namespace kardeno::tests;
@@ -118,4 +121,33 @@ TEST_CASE("all 4,096 rows are counted, the last one too")
     CHECK(sideCounts.starting[7] == 1);
     CHECK(sideCounts.starting[4095] == 2);
     CHECK(sideCounts.edges == 5);
+}
+
+TEST_CASE("the sides of a triangle have the same rows one by one and all at once")
+{
+    const i32 extremes[] = {smallest, smallest + 1, -1, 0, 9, 10, 11, 19, 20, 21, 4095, 4096, largest - 1, largest};
+    forEachSeed(20000, [&](u32 seed) {
+        std::mt19937 random(seed);
+        const auto anyRow = [&] {
+            if (random() % 4 == 0) return extremes[random() % 14];
+            return static_cast<i32>(random() % 24) + 2;
+        };
+        const i32 rows[3] = {anyRow(), anyRow(), anyRow()};
+        const TriangleSideRows triangle = rowsOfTriangle(i32x4{rows[0], rows[1], rows[2], rows[0]}, 10, 20);
+        for (i32 i = 0; i < 3; ++i) {
+            const SideRows side = rowsOfSide(rows[i], rows[(i + 1) % 3], 10, 20);
+            CHECK((triangle.makesEdge[i] != 0) == side.makesEdge);
+            CHECK(triangle.start[i] == side.start);
+            CHECK(triangle.end[i] == side.end);
+        }
+
+        resetSideCounts({.left = 0, .top = 10, .right = 1, .bottom = 20});
+        const bool last = countPolygon({rows[0], rows[1], rows[2]});
+        const std::vector<u32> expected = counted(10, 20);
+        const i32 edges = sideCounts.edges;
+        resetSideCounts({.left = 0, .top = 10, .right = 1, .bottom = 20});
+        CHECK(countTriangle(i32x4{rows[0], rows[1], rows[2], rows[0]}) == last);
+        CHECK(counted(10, 20) == expected);
+        CHECK(sideCounts.edges == edges);
+    });
 }

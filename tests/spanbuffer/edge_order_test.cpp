@@ -73,16 +73,6 @@ TEST_CASE("a step is formed in double precision from the single-precision corner
     CHECK(EdgePool.edges[0].xStep == -134217742);
 }
 
-TEST_CASE("a side of one row has no step, as it ends before it would take one")
-{
-    SpanScene scene;
-    scene.add({{10, 3}, {5, 4}, {20, 4}});
-    REQUIRE(scene.buildEdgeTable());
-    CHECK(EdgePool.edges[0].x == fixed(10));
-    CHECK(EdgePool.edges[0].xStep == 0);
-    CHECK(edgesEndingOn(3).size() == 2);
-}
-
 TEST_CASE("the slope is the product with the reciprocal of the rows, not a quotient")
 {
     SpanScene scene;

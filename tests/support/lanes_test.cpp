@@ -36,6 +36,22 @@ TEST_CASE("both lanes truncate toward zero, and what does not fit in 32 bits giv
     CHECK(none[1] == smallestI32);
 }
 
+TEST_CASE("four singles truncate toward zero, and what does not fit in 32 bits gives -2,147,483,648")
+{
+    const f32 least = -2147483648.0f; // the f32 above 2^31 and below -2^31 are 256 away
+    const i32x4 inside = truncatedLanes(f32x4{2.75f, -2.75f, least, 2147483520.0f});
+    CHECK(inside[0] == 2);
+    CHECK(inside[1] == -2);
+    CHECK(inside[2] == smallestI32);
+    CHECK(inside[3] == 2147483520);
+    const i32x4 beyond = truncatedLanes(f32x4{2147483648.0f, -2147483904.0f, 1e38f, -1e38f});
+    for (i32 lane = 0; lane < 4; ++lane) CHECK(beyond[lane] == smallestI32);
+    const f32 infinite = static_cast<f32>(infinity);
+    const i32x4 none = truncatedLanes(f32x4{infinite, -infinite, static_cast<f32>(notANumber), 0.5f});
+    for (i32 lane = 0; lane < 3; ++lane) CHECK(none[lane] == smallestI32);
+    CHECK(none[3] == 0);
+}
+
 TEST_CASE("both lanes round to nearest, ties to even, and large ones keep the low 32 bits")
 {
     const i32x4 ties = roundedLanes(f64x2{2.5, -3.5});
