@@ -1,8 +1,9 @@
-// The fillers of runs against the plain ones: whole frames must be the same without them.
+// The fast routines against the plain ones: whole frames must be the same without the fillers of runs, and with nothing
+// but inner routines that draw pixel by pixel.
 #include "scenes/composed_scene.h"
 #include "scenes/random_scene.h"
+#include "tests/support/plain_fillers.h"
 #include "tests/support/seeds.h"
-#include "tests/support/without_run_fillers.h"
 
 #include <doctest/doctest.h>
 
@@ -24,7 +25,7 @@ bool isDrawnAlike(Scene& scene)
 
 } // namespace
 
-TEST_CASE("the composed scenes are the same frames by the fillers of runs and by the plain ones")
+TEST_CASE("the composed scenes are the same frames by the fast routines and by the plain ones")
 {
     for (const ComposedScene& composed : composedScenes) {
         CAPTURE(composed.name);
@@ -32,7 +33,7 @@ TEST_CASE("the composed scenes are the same frames by the fillers of runs and by
     }
 }
 
-TEST_CASE("random scenes of all rows are the same frames by the fillers of runs and by the plain ones")
+TEST_CASE("random scenes of all rows are the same frames by the fast routines and by the plain ones")
 {
     forEachSeed(60, [](u32 seed) {
         const i32 bitsPerPixel = seed % 2 ? 15 : 16;
