@@ -4,7 +4,6 @@
 #include "spanbuffer/edge_sort.h"
 #include "spanbuffer/span_pool.h"
 #include "support/arithmetic.h"
-#include "support/lanes.h"
 
 #include <assert.h>
 
@@ -347,7 +346,8 @@ void ResolveScanlines(HostContext& context, const DrawnRectangle& drawn, f32 fir
     assert(fitsTables(drawn));
     RowWalk walk(context, drawn, firstY);
     ActiveEdges active = {.edges = EdgePool.workspace(), .count = 0, .inWorkspace = true};
-    for (i32 row = drawn.top; row < drawn.bottom && walk.memoryLeft; ++row) {
+    const i32 rowsEnd = drawn.left < drawn.right ? drawn.bottom : drawn.top; // without a column nothing is visible
+    for (i32 row = drawn.top; row < rowsEnd && walk.memoryLeft; ++row) {
         mergeStartingEdges(active, row);
         walk.walk(active, row);
         walk.finishRow(row);

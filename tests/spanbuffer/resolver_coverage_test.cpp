@@ -226,3 +226,20 @@ TEST_CASE("both ends of the stack start a frame as an empty one")
         }
     }
 }
+
+TEST_CASE("a rectangle whose right side lies left of its left side has no spans, however far")
+{
+    for (const f32 right : {9.0f, -32768.0f, -2e9f, -3e38f}) {
+        CAPTURE(right);
+        SpanScene scene({.left = 10, .right = right, .bottom = 3});
+        const ScreenPolygon& polygon = scene.addRectangle(0, 0, 20, 3);
+        scene.resolve();
+        CHECK(runsOf(polygon).empty());
+        CHECK(background(1).empty());
+    }
+    SpanScene farRight({.left = 2e9f, .right = 100, .bottom = 3});
+    const ScreenPolygon& polygon = farRight.addRectangle(0, 0, 20, 3);
+    farRight.resolve();
+    CHECK(runsOf(polygon).empty());
+    CHECK(background(1).empty());
+}
