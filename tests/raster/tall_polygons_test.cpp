@@ -1,6 +1,6 @@
 // Polygons that the fillers of runs leave to the plain ones, beside some that they just take.
-#include "tests/support/test_scene.h"
 #include "tests/support/plain_fillers.h"
+#include "tests/support/test_scene.h"
 
 #include <doctest/doctest.h>
 
