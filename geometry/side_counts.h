@@ -4,7 +4,6 @@
 
 #include "geometry/stored_polygon.h"
 #include "host/drawn_rectangle.h"
-#include "support/lanes.h"
 
 namespace kardeno {
 
@@ -25,31 +24,10 @@ inline SideRows rowsOfSide(i32 ya, i32 yb, i32 firstRow, i32 rowsEnd)
     return {.start = start, .end = end, .makesEdge = ((dy != 0) & (start < end)) != 0};
 }
 
-// The same for the three sides of a triangle at once, in the order of its corners. The fourth lane is rubbish.
-struct TriangleSideRows {
-    i32x4 start, end;
-    i32x4 down;      // all bits set where the side runs down the screen
-    i32x4 makesEdge; // likewise
-};
-
-inline TriangleSideRows rowsOfTriangle(i32x4 rows, i32 firstRow, i32 rowsEnd)
-{
-    const i32x4 next = __builtin_shufflevector(rows, rows, 1, 2, 0, 0);
-    const i32x4 dy = wrappingDifference(next, rows);
-    const i32x4 first = i32x4{firstRow, firstRow, firstRow, firstRow};
-    const i32x4 last = i32x4{rowsEnd, rowsEnd, rowsEnd, rowsEnd};
-    const i32x4 down = dy > 0;
-    const i32x4 top = selected(down, rows, next);
-    const i32x4 bottom = selected(down, next, rows);
-    const i32x4 start = selected(top < first, first, top);
-    const i32x4 end = selected(bottom > last, last, bottom);
-    return {.start = start, .end = end, .down = down, .makesEdge = (dy != 0) & (start < end)};
-}
-
 struct SideCounts {
-    i32 firstRow, rowsEnd; // of the rectangle that the sides are cut to, within the tables
-    i32 edges;             // the sum of all rows
-    u32 starting[scanlineCount];
+    i32 firstRow, rowsEnd;           // of the rectangle that the sides are cut to, within the tables
+    i32 edges;                       // the sum of all rows
+    u32 starting[scanlineCount + 1]; // the last one stays 0
 };
 
 extern SideCounts sideCounts;
@@ -70,16 +48,32 @@ inline bool countSide(i32 ya, i32 yb)
     return rows.makesEdge;
 }
 
-// Counts the sides of a triangle and returns whether the last one makes an edge.
-inline bool countTriangle(i32x4 rows)
+// Whether a row lies within the rows from first to last, which need no cut then.
+inline bool isBetween(i32 row, i32 first, i32 last)
 {
-    const TriangleSideRows sides = rowsOfTriangle(rows, sideCounts.firstRow, sideCounts.rowsEnd);
-    const i32x4 start = sides.start & i32{scanlineCount - 1};
-    sideCounts.starting[start[0]] -= static_cast<u32>(sides.makesEdge[0]);
-    sideCounts.starting[start[1]] -= static_cast<u32>(sides.makesEdge[1]);
-    sideCounts.starting[start[2]] -= static_cast<u32>(sides.makesEdge[2]);
-    sideCounts.edges -= sides.makesEdge[0] + sides.makesEdge[1] + sides.makesEdge[2];
-    return sides.makesEdge[2] != 0;
+    return row >= first && row <= last;
+}
+
+// Counts the sides of a triangle and returns whether the last one makes an edge. Sides between rows of the rectangle
+// begin where their upper corner lies, and make an edge unless they are level.
+inline bool countTriangle(i32 a, i32 b, i32 c)
+{
+    const i32 firstRow = sideCounts.firstRow;
+    const i32 rowsEnd = sideCounts.rowsEnd;
+    if (!isBetween(a, firstRow, rowsEnd) || !isBetween(b, firstRow, rowsEnd) || !isBetween(c, firstRow, rowsEnd)) {
+        countSide(a, b);
+        countSide(b, c);
+        return countSide(c, a);
+    }
+    const auto count = [](i32 from, i32 to) {
+        const u32 makesEdge = from != to ? 1 : 0;
+        sideCounts.starting[from < to ? from : to] += makesEdge;
+        sideCounts.edges += static_cast<i32>(makesEdge);
+    };
+    count(a, b);
+    count(b, c);
+    count(c, a);
+    return a != c;
 }
 
 // Counts all sides of a stored polygon. Returns whether the last one, from the last corner to the first, makes an edge.

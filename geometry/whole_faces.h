@@ -66,7 +66,7 @@ template <class Format, class TargetList, i32 knownCount>
     setDepthPlane(context, view, face, polygon);
     if constexpr (TargetList::sorted) polygon.maxDepth = deepestCorner(context, face);
     if constexpr (TargetList::resolved && knownCount == 3)
-        list.lastSideMakesEdge = countTriangle(i32x4{rows[0], rows[1], rows[2], rows[0]});
+        list.lastSideMakesEdge = countTriangle(rows[0], rows[1], rows[2]);
     else if constexpr (TargetList::resolved)
         list.lastSideMakesEdge = countSides(polygon);
     commitPolygon(list, polygon);

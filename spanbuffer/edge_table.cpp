@@ -2,6 +2,7 @@
 
 #include "geometry/side_counts.h"
 #include "support/arithmetic.h"
+#include "support/lanes.h"
 #include "support/reciprocals.h"
 
 #include <assert.h>
@@ -100,19 +101,21 @@ inline void addSide(const DrawnRectangle& drawn, u32 side, const CornerPlace& a,
     next += rows.makesEdge ? 1 : 0;
 }
 
-// Adds the sides of a triangle, all three at once. Its rows must lie in the table and not above the rectangle.
-inline void addTriangle(const DrawnRectangle& drawn, u32 side, const CornerPlace& a, const CornerPlace& b,
-                        const CornerPlace& c)
+// Adds the sides of a triangle, all three at once. Its corners must lie between the rows of the rectangle, so that no
+// side has to be cut.
+inline void addTriangle(u32 side, const CornerPlace& a, const CornerPlace& b, const CornerPlace& c)
 {
     const i32x4 rows = {a.y, b.y, c.y, a.y};
     const i32x4 nextRows = __builtin_shufflevector(rows, rows, 1, 2, 0, 0);
     const f32x4 xs = {a.x, b.x, c.x, a.x};
     const f32x4 nextXs = __builtin_shufflevector(xs, xs, 1, 2, 0, 0);
 
-    const TriangleSideRows sides = rowsOfTriangle(rows, drawn.top, drawn.bottom);
-    const i32x4 heights = selected(sides.down, nextRows, rows) - sides.start;
-    const f32x4 topXs = selected(sides.down, xs, nextXs);
-    const f32x4 bottomXs = selected(sides.down, nextXs, xs);
+    const i32x4 down = nextRows > rows; // all bits set where the side runs down the screen
+    const i32x4 starts = selected(down, rows, nextRows);
+    const i32x4 ends = selected(down, nextRows, rows);
+    const i32x4 heights = ends - starts;
+    const f32x4 topXs = selected(down, xs, nextXs);
+    const f32x4 bottomXs = selected(down, nextXs, xs);
 
     const f64x2 reciprocals01 = {tableReciprocal(heights[0]), tableReciprocal(heights[1])};
     const f64x2 reciprocals2 = {tableReciprocal(heights[2]), 0.0};
@@ -122,8 +125,8 @@ inline void addTriangle(const DrawnRectangle& drawn, u32 side, const CornerPlace
     // The fields of the edges. A multiplication by 65,536 rounds nothing off in f32 either.
     const i32x4 x = truncatedLanes(topXs * 65536.0f);
     const i32x4 xStep = joined(truncatedLanes(steps01), truncatedLanes(steps2));
-    const i32x4 sideAndFlags = i32{static_cast<i32>(side)} - sides.down;
-    const i32x4 lastRow = sides.end - 1;
+    const i32x4 sideAndFlags = i32{static_cast<i32>(side)} - down;
+    const i32x4 lastRow = ends - 1;
 
     const i32x4 lowX = __builtin_shufflevector(x, xStep, 0, 4, 1, 5);
     const i32x4 lowSide = __builtin_shufflevector(sideAndFlags, lastRow, 0, 4, 1, 5);
@@ -135,9 +138,8 @@ inline void addTriangle(const DrawnRectangle& drawn, u32 side, const CornerPlace
         __builtin_shufflevector(highX, highSide, 0, 1, 4, 5),
     };
 
-    const i32x4 starts = sides.start & i32{scanlineCount - 1};
     for (i32 i = 0; i < 3; ++i) {
-        if (!sides.makesEdge[i]) continue;
+        if (heights[i] == 0) continue;
         u32& next = nextEdgeOf(static_cast<u32>(starts[i]));
         memcpy(EdgePool.edges + next, &edges[i], sizeof(ScanEdge));
         ++next;
@@ -155,8 +157,9 @@ void AddPolygonEdges(const DrawnRectangle& drawn, const StoredPolygon& polygon)
         const CornerPlace& a = placeOf(first, layout);
         const CornerPlace& b = placeOf(first + layout.bytes, layout);
         const CornerPlace& c = placeOf(first + 2 * u32{layout.bytes}, layout);
-        const auto isInTable = [&](i32 row) { return row >= drawn.top && row <= scanlineCount; };
-        if (isInTable(a.y) && isInTable(b.y) && isInTable(c.y)) return addTriangle(drawn, side, a, b, c);
+        if (isBetween(a.y, drawn.top, drawn.bottom) && isBetween(b.y, drawn.top, drawn.bottom)
+            && isBetween(c.y, drawn.top, drawn.bottom))
+            return addTriangle(side, a, b, c);
     }
     for (u32 a = 0; a < polygon.cornerCount; ++a) {
         const u8* const next = a + 1 < polygon.cornerCount ? corner + layout.bytes : first;
