@@ -4,6 +4,7 @@
 #include "page/frame_parts.h"
 #include "page/json_text.h"
 #include "page/opened_row.h"
+#include "page/read_model.h"
 #include "page/stage.h"
 #include "sample_host/host/projected_outline.h"
 #include "sample_host/scenes/gallery.h"
@@ -15,6 +16,7 @@ using namespace page;
 
 namespace {
 
+GivenFiles givenFiles;
 std::string answer; // ends in a zero byte, as c_str() has it
 
 const char* answered(const JsonText& json)
@@ -79,6 +81,44 @@ EXPORTED(listScenes) const char* listScenes()
     for (const GalleryRow& row : galleryRows())
         json.beginObject().field("name", row.name).field("shows", row.what).endObject();
     json.endArray().endObject();
+    return answered(json);
+}
+
+// Room for bytes that scripts hand over.
+EXPORTED(reserve) void* reserve(u32 bytes)
+{
+    return std::malloc(bytes);
+}
+
+EXPORTED(release) void release(void* bytes)
+{
+    std::free(bytes);
+}
+
+EXPORTED(forgetFiles) void forgetFiles()
+{
+    givenFiles.clear();
+}
+
+EXPORTED(giveFile) void giveFile(const char* name, u32 nameBytes, const u8* bytes, u32 count)
+{
+    givenFiles.push_back({std::string(name, nameBytes), std::vector<u8>(bytes, bytes + count)});
+}
+
+// Reads the model among the given files. Where there is none that can be used, the model before it stays.
+EXPORTED(takeModel) const char* takeModel()
+{
+    ModelReading reading = readModel(givenFiles);
+    givenFiles.clear();
+    JsonText json;
+    json.beginObject().field("problem", reading.problem).key("remarks").beginArray();
+    if (reading.model) {
+        for (const std::string& remark : reading.model->remarks) json.value(remark);
+        json.endArray().field("name", reading.model->name);
+        stage().takeModel(std::move(*reading.model));
+    } else
+        json.endArray();
+    json.endObject();
     return answered(json);
 }
 

@@ -4,6 +4,7 @@
 #include "sample_host/host/host_memory.h"
 #include "sample_host/host/renderer_linked.h"
 #include "sample_host/scenes/gallery.h"
+#include "sample_host/scenes/model_scene.h"
 #include "sample_host/scenes/scenes.h"
 
 namespace page {
@@ -21,6 +22,10 @@ void Stage::build(const Choices& choices)
     chooseChanges(choices);
     if (choices.scene < int(std::size(ownScenes))) {
         scene_ = ownScenes[choices.scene].build(*engine_, mode);
+        return;
+    }
+    if (choices.scene > int(std::size(ownScenes)) && model_) {
+        scene_ = buildModelScene(*engine_, *model_, mode);
         return;
     }
     // A row of the gallery has its own mode; only the row's material is changed, not the stage around it.

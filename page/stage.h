@@ -3,9 +3,11 @@
 #pragma once
 
 #include "page/frame_record.h"
+#include "sample_host/host/model.h"
 #include "sample_host/host/scene.h"
 
 #include <memory>
+#include <optional>
 
 namespace page {
 
@@ -13,7 +15,7 @@ using namespace sample_host;
 
 // What a scene is built from.
 struct Choices {
-    int scene = 0; // one of ownScenes; behind them all, the gallery
+    int scene = 0; // one of ownScenes; behind them all the gallery, and the model that was read
     int galleryRow = 0;
     PixelFormat format = PixelFormat::rgb565;
     int renderState = 1;
@@ -30,6 +32,7 @@ public:
     Stage();
 
     void build(const Choices& choices);
+    void takeModel(Model model) { model_ = std::move(model); }
     void resize(int width, int height);
 
     Scene& scene() { return *scene_; }
@@ -46,6 +49,7 @@ public:
 private:
     RendererTable renderer_;
     Choices choices_;
+    std::optional<Model> model_;
     int width_ = 640, height_ = 480;
     // In this order, because a scene releases its records through the engine.
     std::unique_ptr<Engine> engine_;

@@ -2,6 +2,7 @@
 import { keysAreHeld, listenToPointerAndKeys, moveByKeys, placedCamera } from '#page/camera.js';
 import { element, number, outlineOn, saveFile } from '#page/elements.js';
 import { makeInspector, viewNames } from '#page/inspector.js';
+import { listenForModels } from '#page/own_models.js';
 import { widen } from '#page/pixels.js';
 import { startRenderer } from '#page/renderer.js';
 import { change, defaults, fromAddress, listen, state, toAddress } from '#page/state.js';
@@ -62,6 +63,7 @@ class Page {
         this.circle = 0; // of the camera, in turns, while it goes round by itself
         this.isAsked = true;
         this.picked = null;
+        this.hasModel = false;
         this.lastTick = 0;
         this.shownSecond = { began: 0, frames: 0 };
         this.addressTimer = 0;
@@ -69,11 +71,21 @@ class Page {
 
     start() {
         this.fillControls();
+        this.knowScene();
         this.rebuild();
         listen((names) => this.changed(names));
-        window.addEventListener('hashchange', () => change(fromAddress(location.hash)));
+        window.addEventListener('hashchange', () => {
+            change(fromAddress(location.hash));
+            this.knowScene();
+        });
         window.addEventListener('resize', () => fitCanvas(this.picture.canvas));
         listenToPointerAndKeys(this.picture.canvas, () => this.camera, (x, y) => this.clicked(x, y));
+        listenForModels(this.renderer, place('files'), place('reading'), (name) => this.showModel(name), () => {
+            this.hasModel = false;
+            this.rebuild();
+            change({ scene: state().scene === 'model' ? defaults.scene : state().scene });
+            this.ask();
+        });
         place('save').addEventListener('click', () => this.savePicture());
         place('settings').addEventListener('click', () => this.saveSettings());
         place('back').addEventListener('click', () => {
@@ -87,6 +99,14 @@ class Page {
         requestAnimationFrame((time) => this.tick(time));
     }
 
+    // An address may name a scene that is not there, such as somebody else's model.
+    knowScene() {
+        for (const name of ['scene', 'row']) {
+            const known = [...place('choices').elements[name].options].some((option) => option.value === state()[name]);
+            if (!known) change({ [name]: defaults[name] });
+        }
+    }
+
     // Has the frame drawn anew at the next tick.
     ask() {
         this.isAsked = true;
@@ -96,11 +116,11 @@ class Page {
         const values = state();
         const [width, height] = values.size.split('x').map(Number);
         const names = this.renderer.scenes.scenes.map((scene) => scene.name);
-        const scene = names.indexOf(values.scene);
+        const scene = [...names, 'gallery', 'model'].indexOf(values.scene);
         const row = this.renderer.scenes.rows.findIndex((entry) => entry.name === values.row);
         this.renderer.resize(width, height);
         const built = this.renderer.build({
-            scene: scene < 0 ? names.length : scene,
+            scene,
             row: Math.max(0, row),
             bitsPerPixel: values.format === '565' ? 16 : 15,
             state: values.state,
@@ -112,6 +132,20 @@ class Page {
         this.ownCamera = this.renderer.cameraNumbers();
         this.picture.resize(width, height);
         place('contents').textContent = `${built.name}: ${built.contents || 'a row of the render-mode table'}`;
+    }
+
+    showModel(name) {
+        const { scene } = place('choices').elements;
+        if (!this.hasModel) scene.append(element('option', { value: 'model' }));
+        scene.lastChild.textContent = `model: ${name}`;
+        this.hasModel = true;
+        if (state().scene === 'model') {
+            this.rebuild();
+            this.inspector.forgetFrame();
+            this.forget();
+            this.ask();
+        }
+        change({ scene: 'model' });
     }
 
     changed(names) {

@@ -50,12 +50,18 @@ function surroundings(memory) {
 export async function startRenderer(bytes) {
     const compiled = await WebAssembly.compile(bytes);
     let memory = null;
-    const instance = await WebAssembly.instantiate(compiled, {
-        wasi_snapshot_preview1: surroundings(() => memory),
-    });
-    const calls = instance.exports;
-    memory = calls.memory;
-    calls._initialize();
+    let calls = null;
+
+    // A module that has trapped is of no use any more. A new one starts without a scene.
+    const restart = async () => {
+        const instance = await WebAssembly.instantiate(compiled, {
+            wasi_snapshot_preview1: surroundings(() => memory),
+        });
+        calls = instance.exports;
+        memory = calls.memory;
+        calls._initialize();
+    };
+    await restart();
 
     const text = (address) => {
         const all = new Uint8Array(memory.buffer);
@@ -64,6 +70,14 @@ export async function startRenderer(bytes) {
     const answer = (address) => JSON.parse(text(address));
     let width = 0;
     let height = 0;
+    // Calls use(address) with bytes that lie in the module's memory for so long.
+    const withBytes = (given, use) => {
+        const address = calls.reserve(Math.max(1, given.length));
+        if (address === 0) throw new Error('there is not enough memory');
+        new Uint8Array(memory.buffer, address, given.length).set(given);
+        use(address);
+        calls.release(address);
+    };
     const pixelsAt = (address) => new Uint16Array(memory.buffer, address, calls.framePitch() * height);
 
     return {
@@ -88,6 +102,17 @@ export async function startRenderer(bytes) {
         useCamera(numbers) {
             new Float64Array(memory.buffer, calls.cameraNumbers(), 11).set(numbers);
             calls.useCamera();
+        },
+        restart,
+        /** Reads the model among files, each with a name and its bytes. Gives its name and remarks, or a problem. */
+        readModel(files) {
+            calls.forgetFiles();
+            for (const { name, bytes: content } of files) {
+                const encoded = new TextEncoder().encode(name);
+                withBytes(encoded, (nameAt) => withBytes(content,
+                    (contentAt) => calls.giveFile(nameAt, encoded.length, contentAt, content.length)));
+            }
+            return answer(calls.takeModel());
         },
         useLevel: (level) => calls.useLevel(level),
         draw: (phase) => calls.draw(phase),

@@ -32,14 +32,46 @@ export const defaults = Object.freeze({
     spans: 0, // how many of the next one's spans
 });
 
+const words = {
+    size: ['320x240', '640x480', '1024x768'],
+    format: ['565', '555'],
+    textures: ['16-bit', 'palettised'],
+    view: ['picture', 'polygons', 'overdraw', 'depth', 'line', 'one', 'steps'],
+};
+const limits = {
+    state: [0, 3],
+    shading: [-1, 2],
+    transparency: [-1, 100],
+    largest: [0, 256],
+    level: [-1, 2],
+    nearest: [0, 1000],
+    farthest: [0, 1000],
+    phase: [0, 1],
+    turn: [-1000, 1000],
+    lift: [-0.3, 0.3],
+    away: [0.02, 8],
+    zoom: [0.1, 20],
+    x: [-1000, 1000],
+    y: [-1000, 1000],
+    z: [-1000, 1000],
+    polygon: [-1, 1e6],
+    line: [0, 4095],
+    painted: [-1, 1e6],
+    spans: [0, 1e6],
+};
+const whole = ['state', 'shading', 'transparency', 'largest', 'level', 'polygon', 'line', 'painted', 'spans'];
 const digits = 5;
 const listeners = new Set();
 let current = { ...defaults };
 
-function parsed(text, kind) {
-    if (kind === 'boolean') return text === 'yes' ? true : text === 'no' ? false : undefined;
-    if (kind === 'number') return text !== '' && Number.isFinite(Number(text)) ? Number(text) : undefined;
-    return text;
+// The value that a text stands for; undefined when it means nothing.
+function parsed(key, text) {
+    const kind = typeof defaults[key];
+    if (kind === 'boolean') return { yes: true, no: false }[text];
+    if (kind === 'string') return !words[key] || words[key].includes(text) ? text : undefined;
+    if (text === '' || !Number.isFinite(Number(text))) return undefined;
+    const value = Math.min(Math.max(Number(text), limits[key][0]), limits[key][1]);
+    return whole.includes(key) ? Math.round(value) : value;
 }
 
 function written(value) {
@@ -85,7 +117,7 @@ export function fromAddress(address) {
         } catch {
             continue;
         }
-        const value = parsed(text, typeof defaults[key]);
+        const value = parsed(key, text);
         if (value !== undefined) values[key] = value;
     }
     return values;
