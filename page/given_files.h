@@ -1,5 +1,5 @@
-// The files that somebody has dropped onto the page. There are no folders: a file that names another one by a path means
-// the given file of that name.
+// The files that somebody has dropped onto the page. There are no folders: a file that names another one by a path
+// means the given file of that name.
 #pragma once
 
 #include <cstdint>

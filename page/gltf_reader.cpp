@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <span>
 
 namespace page {
 
@@ -23,11 +24,12 @@ struct FileAccess {
     static bool writeWhole(std::string*, const std::string&, const std::vector<unsigned char>&, void*) { return false; }
 };
 
-// An image is kept as the bytes of its file until a material asks for it.
+// An image of a file or of the text itself is kept as its bytes until a material asks for it. One that lies in a buffer
+// is left there: the parser has not looked whether the buffer reaches so far.
 bool keepImage(tinygltf::Image* image, int, std::string*, std::string*, int, int, const unsigned char* bytes, int count,
                void*)
 {
-    image->image.assign(bytes, bytes + count);
+    if (image->bufferView < 0) image->image.assign(bytes, bytes + count);
     return true;
 }
 
@@ -126,8 +128,9 @@ private:
     {
         if (number < 0 || std::size_t(number) >= gltf_.images.size()) return;
         const tinygltf::Image& image = gltf_.images[std::size_t(number)];
-        const ImageReading reading = image.image.empty() ? ImageReading{nullptr, "is not among the files"}
-                                                         : readImage(image.image.data(), image.image.size(), isMasked);
+        const std::span<const unsigned char> bytes = bytesOf(image);
+        const ImageReading reading = bytes.empty() ? ImageReading{nullptr, "is not among the files"}
+                                                   : readImage(bytes.data(), bytes.size(), isMasked);
         recipe.image = reading.image;
         if (reading.image && isMasked) recipe.shadingMode = 1;
         const std::string name = !image.uri.empty()    ? image.uri
@@ -136,6 +139,18 @@ private:
         if (!reading.image)
             remarks_.push_back("'" + file_.name + "': the image '" + name + "' of the material '" + recipe.name + "' "
                                + reading.problem + "; the material is drawn in its colours");
+    }
+
+    // The bytes of an image's file; none when it is not there, or goes beyond the end of its buffer.
+    std::span<const unsigned char> bytesOf(const tinygltf::Image& image) const
+    {
+        if (image.bufferView < 0) return image.image;
+        if (std::size_t(image.bufferView) >= gltf_.bufferViews.size()) return {};
+        const tinygltf::BufferView& view = gltf_.bufferViews[std::size_t(image.bufferView)];
+        if (view.buffer < 0 || std::size_t(view.buffer) >= gltf_.buffers.size()) return {};
+        const std::span<const unsigned char> buffer = gltf_.buffers[std::size_t(view.buffer)].data;
+        if (view.byteOffset > buffer.size() || view.byteLength > buffer.size() - view.byteOffset) return {};
+        return buffer.subspan(view.byteOffset, view.byteLength);
     }
 
     bool addNode(int number, const Placement& parent, int depth)
@@ -177,11 +192,13 @@ private:
         if (size <= 0 || components < width) return missing("have an unknown type");
         const std::size_t element = std::size_t(size) * std::size_t(components);
         const std::size_t stride = view.byteStride ? view.byteStride : element;
-        const std::size_t first = view.byteOffset + accessor.byteOffset;
-        if (accessor.count > bytes.size()
-            || (accessor.count > 0
-                && (first > bytes.size() || (accessor.count - 1) * stride + element > bytes.size() - first)))
+        // Each part is looked at first, so that no sum or product of them wraps round.
+        const std::size_t end = bytes.size();
+        if (view.byteOffset > end || accessor.byteOffset > end || accessor.count > end || stride > end)
             return missing("go beyond the end of their buffer");
+        const std::uint64_t first = std::uint64_t(view.byteOffset) + accessor.byteOffset;
+        const std::uint64_t lastElement = accessor.count ? std::uint64_t(accessor.count - 1) * stride : 0;
+        if (first + lastElement + element > end) return missing("go beyond the end of their buffer");
 
         result.reserve(accessor.count * std::size_t(width));
         for (std::size_t i = 0; i < accessor.count; ++i)

@@ -15,20 +15,17 @@ std::string line(int number)
     return ", line " + std::to_string(number) + ": ";
 }
 
-// The words of a text line by line.
+// The words of a text line by line. Lines end in any of the three ways that there are.
 template <class Visit>
 void forEachLine(std::string_view text, Visit visit)
 {
-    int number = 0;
-    while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
+    for (int number = 1; !text.empty(); ++number) {
+        const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
         std::istringstream words{std::string(text.substr(0, end))};
         std::string first;
-        if (words >> first)
-            visit(++number, first, words);
-        else
-            ++number;
-        text.remove_prefix(std::min(end + 1, text.size()));
+        if (words >> first) visit(number, first, words);
+        const bool hasTwo = text.substr(end, 2) == "\r\n";
+        text.remove_prefix(std::min(end + (hasTwo ? 2 : 1), text.size()));
     }
 }
 
@@ -72,7 +69,7 @@ std::string firstFault(std::string_view text)
                 char* end = nullptr;
                 const long index = std::strtol(part.c_str(), &end, 10);
                 const bool exists = *end == 0 && end != part.c_str() && index != 0
-                                    && (index > 0 ? index <= counts[kind] : -index <= soFar[kind]);
+                                    && (index > 0 ? index <= counts[kind] : index >= -soFar[kind]);
                 if (!exists)
                     fault = line(number) + "a face names the " + names[kind] + " '" + part
                             + "'; expected is a number from 1 to " + std::to_string(counts[kind]);

@@ -40,6 +40,18 @@ Sphere sphereAround(const Triangles& triangles)
     return sphere;
 }
 
+bool namesOnlyWhatIsThere(const Triangles& triangles)
+{
+    const auto isIn = [](int number, std::size_t count) { return number >= 0 && std::size_t(number) < count; };
+    for (const Triangles::Triangle& triangle : triangles.triangles)
+        for (const Triangles::Corner& corner : triangle.corners)
+            if (!isIn(corner.position, triangles.positions.size())
+                || (corner.normal != -1 && !isIn(corner.normal, triangles.normals.size()))
+                || (corner.texture != -1 && !isIn(corner.texture, triangles.textures.size())))
+                return false;
+    return true;
+}
+
 std::string counted(std::size_t count, const char* what)
 {
     return std::to_string(count) + " triangle" + (count == 1 ? "" : "s") + what;
@@ -76,6 +88,7 @@ ModelReading finished(const GivenFile& file, const Triangles& triangles, std::ve
     if (triangles.triangles.size() > mostTriangles)
         return problem(file, " has " + counted(triangles.triangles.size(), "; the page takes up to ")
                                  + std::to_string(mostTriangles));
+    if (!namesOnlyWhatIsThere(triangles)) return problem(file, " has a face that names a corner which is not there");
     const Sphere sphere = sphereAround(triangles);
     if (!(sphere.radius > 0)) return problem(file, " has all of its corners in one place");
 

@@ -140,8 +140,13 @@ const views = {
             inspector.details.replaceChildren(
                 openedRow(inspector.renderer.openRow(line), line, inspector.width, inspector.describe));
         },
+        // The row follows the pointer until a click holds it, and after another one it follows again.
         point(inspector, x, y) {
+            inspector.isHeld = !inspector.isHeld;
             change({ line: y });
+        },
+        hover(inspector, y) {
+            if (!inspector.isHeld) change({ line: y });
         },
     },
     one: {
@@ -261,6 +266,7 @@ export function makeInspector(renderer, repaint) {
         renderer,
         details: place('details'),
         marks: [],
+        isHeld: false, // the row that is opened up
         parts: null,
         polygons: { count: 0 },
         width: 0,
@@ -357,6 +363,10 @@ export function makeInspector(renderer, repaint) {
             const view = views[state().view];
             if (view.point) view.point(inspector, x, y);
             else change({ view: 'one', polygon: inspector.ownerAt(x, y) });
+        },
+        /** What the pointer does to the view while no button is down. */
+        hover(y) {
+            views[state().view]?.hover?.(inspector, y);
         },
         /** Another frame will be there when the next view is painted. */
         forgetFrame() {

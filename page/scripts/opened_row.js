@@ -63,7 +63,8 @@ export function openedRow(row, line, width, describe) {
             ? 'The page resolved the row once more, and its spans are those that the renderer made.'
             : 'The page resolved the row once more and got other spans than the renderer: please report this.']),
         element('p', { class: 'hint' }, ['Above: the edges, green where a polygon is entered, red where it is left. '
-            + 'Middle: the depth stack, the nearest polygon on top; what is hidden is pale. Below: the spans.']),
+            + 'Middle: the depth stack, the nearest polygon on top; what is hidden is pale. Below: the spans. '
+            + 'The row follows the pointer over the picture until a click holds it.']),
         stackDrawing(row, width, (polygon) => describe(polygon).list),
         element('details', {}, [element('summary', {}, ['The edges and spans as tables']),
             table('Active edges', ['x', 'direction', 'polygon', 'depths compared', 'stack behind it'],

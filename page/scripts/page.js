@@ -80,6 +80,11 @@ class Page {
         });
         window.addEventListener('resize', () => fitCanvas(this.picture.canvas));
         listenToPointerAndKeys(this.picture.canvas, () => this.camera, (x, y) => this.clicked(x, y));
+        this.picture.canvas.addEventListener('pointermove', (event) => {
+            const box = this.picture.canvas.getBoundingClientRect();
+            const y = Math.floor(((event.clientY - box.top) / box.height) * this.picture.canvas.height);
+            if (event.buttons === 0) this.inspector.hover(Math.min(Math.max(y, 0), this.picture.canvas.height - 1));
+        });
         listenForModels(this.renderer, place('files'), place('reading'), (name) => this.showModel(name), () => {
             this.hasModel = false;
             this.rebuild();

@@ -179,6 +179,26 @@ test('the sliders of the views work by keyboard and keep the focus', async () =>
     await closePage(page);
 });
 
+test('the row follows the pointer until a click holds it', async () => {
+    const page = await openPage(`#${still}&view=line`);
+    await settled(page);
+    const box = await page.locator('#frame').boundingBox();
+    const moveTo = async (row) => {
+        await page.mouse.move(box.x + 50, box.y + ((row + 0.5) * box.height) / 240);
+        await settled(page);
+        return page.evaluate(() => window.kardeno.state().line);
+    };
+    assert.equal(await moveTo(30), 30);
+    assert.equal(await moveTo(77), 77);
+    await page.mouse.down();
+    await page.mouse.up();
+    assert.equal(await moveTo(150), 77);
+    await page.mouse.down();
+    await page.mouse.up();
+    assert.equal(await moveTo(151), 151);
+    await closePage(page);
+});
+
 test('playing paints the frame from nothing to its end', async () => {
     const page = await openPage(`#${still}&view=steps&scene=gallery`);
     await settled(page);

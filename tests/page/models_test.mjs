@@ -174,6 +174,10 @@ const bad = {
         [file('bad.obj', 'v 0 0 0\n\nv 1 zero 0\nv 0 1 0\nf 1 2 3\n')],
         "'bad.obj', line 3: a vertex needs three numbers",
     ],
+    'a bad line among lines that end in a carriage return': [
+        [file('old.obj', 'v 0 0 0\rv 1 0 0\rv 0 1 0\r# a face\rf 1 2 -4\r')],
+        "'old.obj', line 5: a face names the vertex '-4'; expected is a number from 1 to 3",
+    ],
     'an OBJ without faces': [[file('bad.obj', 'v 0 0 0\n')], "'bad.obj' has no faces"],
     'an empty file': [[file('empty.obj', '')], "'empty.obj' has no faces"],
     'a model in one place': [
@@ -188,6 +192,13 @@ const bad = {
     ],
     'an index beyond the positions': [
         [gltf((json) => { json.accessors[0].count = 2; })], 'name a position that is not there',
+    ],
+    'an image beyond its buffer, and a stride beyond all': [
+        [gltf((json) => {
+            json.images = [{ bufferView: 0, mimeType: 'image/png' }];
+            json.bufferViews[0].byteStride = 4294967295;
+        })],
+        "'shape.gltf'",
     ],
     'nodes in a circle': [
         [gltf((json) => { json.nodes[0].children = [0]; })], 'lies in a circle of nodes',
