@@ -1,4 +1,5 @@
-// Runs a WebAssembly program (tools/run_wasm says how it is called). The program sees the machine's files under their own names, the current folder and the environment.
+// Runs a WebAssembly program (tools/run_wasm says how it is called). The program sees the machine's files under their
+// own names, the current folder and the environment.
 import fs from 'node:fs';
 import { WASI } from 'node:wasi';
 

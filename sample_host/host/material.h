@@ -32,6 +32,8 @@ enum class TextureKind { trueColour, palettised };
 struct MaterialMode {
     TextureKind textures = TextureKind::trueColour;
     i32 renderState = 0; // 0: unlit; 1 and 2: lit
+    // Changes each recipe of a scene before its material is made; or none.
+    void (*change)(MaterialRecipe& recipe) = nullptr;
 };
 
 // The wanted mode or, where the renderer cannot draw the material in that, the nearest one in which it can. Lit maps

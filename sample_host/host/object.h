@@ -26,7 +26,8 @@ struct Light {
 struct Surroundings {
     Engine& engine;
     Light light{};
-    double phase = 0; // of all movements: from 0 to 1 and round again
+    double phase = 0;   // of all movements: from 0 to 1 and round again
+    int onlyLevel = -1; // of detail, drawn at every distance; -1: by the distance
 };
 
 // The renderer gets pointers to its records and hands them back in its calls. The host's types are derived from the

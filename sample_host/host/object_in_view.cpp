@@ -98,7 +98,10 @@ void Object::placeInView(const View& view)
 
 Object& Object::selectedLevel()
 {
-    return levels_.empty() ? *this : *levels_[levelAt(inView_.origin.z, levelLimits_)];
+    if (levels_.empty()) return *this;
+    const int only = surroundings_.onlyLevel;
+    if (only >= 0) return *levels_[std::min(std::size_t(only), levels_.size() - 1)];
+    return *levels_[levelAt(inView_.origin.z, levelLimits_)];
 }
 
 // Seen unless the sphere around what is drawn lies wholly beyond one of the six planes of the view's pyramid.

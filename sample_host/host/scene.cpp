@@ -37,7 +37,10 @@ Scene::~Scene()
 
 Material* Scene::addMaterial(const MaterialRecipe& recipe)
 {
-    return &materials_.emplace_back(surroundings_.engine, recipe, mode_);
+    if (!mode_.change) return &materials_.emplace_back(surroundings_.engine, recipe, mode_);
+    MaterialRecipe changed = recipe;
+    mode_.change(changed);
+    return &materials_.emplace_back(surroundings_.engine, changed, mode_);
 }
 
 Object& Scene::addLevelGeometry(const Mesh& mesh, std::span<Material* const> palette, Object* parent)

@@ -53,6 +53,8 @@ public:
     std::string contents; // for people
     Camera camera;
     Light& light() { return surroundings_.light; }
+    // Has all objects with levels of detail draw that one whatever their distance is; -1: by their distance again.
+    void drawOnlyLevel(int level) { surroundings_.onlyLevel = level; }
 
 private:
     void moveTo(double phase);

@@ -89,6 +89,8 @@ class Check(CommandTest):
         self.stand_in("cmake", PASSING_CMAKE)
         for wine in ("wine32", "wine64"):
             self.write(f"tree/cache/{wine}/ready", "")
+        for lock in ("package-lock.json", "node_modules/installed-lock.json", "node_modules/playwright-core/index.js"):
+            self.write(f"tree/page/{lock}", "")
 
     def workflows(self):
         return [call.split()[-1] for call in self.calls() if call.startswith("cmake --workflow --preset ")]
@@ -127,6 +129,12 @@ class Check(CommandTest):
         self.assertEqual(self.workflows(), ["fuzz"])
         self.assertIn("check: win32 counts as failed", run.stderr)
         self.assertEqual(run.stdout.splitlines()[-1], "1 passed, 1 failed")
+
+    def test_what_the_page_is_tested_with_is_fetched_once_for_each_lock_file(self):
+        self.write("tree/page/package-lock.json", "newer")
+        self.assert_passes(self.command("check", "wasm32"))
+        self.assert_passes(self.command("check", "wasm32"))
+        self.assertEqual(len([call for call in self.calls() if call.startswith("npm ci ")]), 1)
 
     def test_a_workflow_that_breaks_off_counts_as_failed(self):
         self.stand_in("cmake", PASSING_CMAKE + "exit 1\n")
@@ -172,6 +180,20 @@ class Demo(CommandTest):
         self.assertIn("32-bit programs cannot be built here", run.stdout)
         self.assertIn("demo: building (native)", run.stdout)
         self.assertIn("cmake --preset native", self.calls())
+
+    def test_the_page_is_built_and_served_and_nothing_is_drawn(self):
+        self.take_away("python3")
+        self.stand_in("python3", "exit 0")
+        run = self.command("demo", "page")
+        self.assert_passes(run)
+        self.assertIn("the page is build/wasm32/page/index.html", run.stdout)
+        self.assertIn("cmake --build --preset wasm32 --target page", self.calls())
+        self.assertNotIn("cmake --preset linux-i386", self.calls())
+
+    def test_the_page_and_a_model_are_not_for_one_call(self):
+        run = self.command("demo", "page", "a.obj")
+        self.assertEqual(run.returncode, 2)
+        self.assertIn("'a.obj' is the second", run.stderr)
 
 
 class Setup(CommandTest):

@@ -50,11 +50,11 @@ class CommandTest(ToolTest):
     COMMANDS = ["demo", "check", "bench", "CMakePresets.json"]
 
     # Commands that the scripts may use anywhere.
-    HARMLESS = """awk basename cat date dirname echo env expr flock grep head id ln ls mkdir mktemp mv nproc printf
-        python3 rm sed sh sort tail timeout touch tr wc""".split()
+    HARMLESS = """awk basename cat cmp cp date dirname echo env expr flock grep head id ln ls mkdir mktemp mv nproc
+        printf python3 rm sed sh sort tail timeout touch tr wc""".split()
     STOOD_IN = ["apt-get", "dpkg-query", "dpkg-deb", "sudo", "cmake", "ninja", "wine", "wineserver", "g++", "gcc",
-                "clang++-14", "clang-format-14", "ld.lld-14", "llvm-ar-14", "node", "qemu-aarch64-static",
-                "i686-w64-mingw32-g++-posix", "x86_64-w64-mingw32-g++-posix"]
+                "clang++-14", "clang-format-14", "ld.lld-14", "llvm-ar-14", "node", "npm", "chromium-headless-shell",
+                "qemu-aarch64-static", "i686-w64-mingw32-g++-posix", "x86_64-w64-mingw32-g++-posix"]
 
     def setUp(self):
         super().setUp()
@@ -76,6 +76,7 @@ class CommandTest(ToolTest):
     def stand_in(self, name, script):
         """A program of the made-up machine; it notes its call before it does what the script says."""
         path = self.machine / name
+        assert not path.is_symlink(), f"{name} is the real one: take it away first"
         path.write_text(f'#!/bin/sh\necho "{name} $*" >>"{self.calls_file}"\n{script}\n')
         path.chmod(path.stat().st_mode | stat.S_IXUSR)
 
