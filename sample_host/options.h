@@ -12,6 +12,7 @@ enum class Command {
     pick,    // what lies under a pixel of a scene
     gallery, // all that is of our own making
     help,
+    version,
 };
 
 struct Options {
@@ -29,8 +30,9 @@ struct Options {
 
 extern const char* const usage;
 
-// Looks at nothing but the arguments. With -h or --help among them the command is help, whatever the others are. Throws
-// with a sentence when an argument is unknown or its value cannot be used.
+// Looks at nothing but the arguments. With -h or --help among them the command is help, whatever the others are, and
+// otherwise with --version it is version. Throws with a sentence when an argument is unknown or its value cannot be
+// used; where a word looks mistyped the sentence says what it may have meant.
 Options readOptions(std::span<const char* const> arguments);
 
 } // namespace sample_host

@@ -1,5 +1,6 @@
 #include "sample_host/program.h"
 
+#include "kardeno_soft/version.h"
 #include "sample_host/host/host_memory.h"
 #include "sample_host/host/renderer_file.h"
 #include "sample_host/models/obj_model.h"
@@ -51,6 +52,10 @@ void run(const Options& options, const std::string& library, std::ostream& out)
 {
     if (options.command == Command::help) {
         out << usage;
+        return;
+    }
+    if (options.command == Command::version) {
+        out << "sample_host " KARDENO_VERSION "\n";
         return;
     }
     const std::optional<Model> model = chosenModel(options, out);

@@ -1,6 +1,8 @@
 // The program from its arguments on. Where the renderer must not be loaded yet, its file is one that does not exist:
 // the sentence about that would come instead.
 #include "sample_host/program.h"
+
+#include "kardeno_soft/version.h"
 #include "tests/sample_host/files.h"
 
 #include <doctest/doctest.h>
@@ -45,6 +47,14 @@ TEST_CASE("-h and --help give the help, and nothing is loaded")
         CHECK(outcome.said.starts_with("usage: sample_host"));
         CHECK(outcome.complained.empty());
     }
+}
+
+TEST_CASE("--version gives the library's version, and nothing is loaded")
+{
+    const Outcome outcome = run({"--version"});
+    CHECK(outcome.exitCode == 0);
+    CHECK(outcome.said == "sample_host " KARDENO_VERSION "\n");
+    CHECK(outcome.complained.empty());
 }
 
 TEST_CASE("wrong arguments are answered with a sentence, and nothing is loaded")
