@@ -16,9 +16,9 @@ const char* const usage =
 
 Draws a scene through the renderer and writes what it drew as PNG files.
 
-  MODEL                   a model with its materials and images, an OBJ file; without a
-                          model or scene, the model that tools/fetch_models fetches, or
-                          else the room
+  MODEL                   a model with its materials and images, of an OBJ, glTF 2.0 or
+                          GLB file; without a model or scene, the model that
+                          tools/fetch_models fetches, or else the room
   --scene NAME            room: a lit room with a window and cones of light
                           robots: groups with parts and levels of detail
                           particles: a fountain between fires

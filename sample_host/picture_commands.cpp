@@ -54,7 +54,7 @@ std::string pictureName(const std::string& sceneName, const Options& options)
            + (unlit && options.mode.textures == TextureKind::palettised ? "-palette" : "");
 }
 
-void writeScene(Scene& scene, const Options& options)
+void writeScene(Scene& scene, const Options& options, const Progress& progress)
 {
     const bool turning = options.frames > 1;
     const std::string file = fileInFolder(options, pictureName(scene.name, options) + (turning ? "-turn.png" : ".png"));
@@ -65,6 +65,7 @@ void writeScene(Scene& scene, const Options& options)
     FrameBuffer frame(options.format, options.width, options.height);
     std::vector<double> milliseconds;
     for (int i = 0; i < options.frames; ++i) {
+        report(progress, "drawing", double(i) / options.frames);
         milliseconds.push_back(scene.draw(frame, double(i) / options.frames));
         if (turning)
             animation->addFrame(frame.image());
@@ -72,6 +73,7 @@ void writeScene(Scene& scene, const Options& options)
             writePng(file, frame.image());
     }
     if (turning) animation->finish();
+    report(progress, "drawing", 1);
 
     std::printf("%s: %s, %s, %dx%d in %s, %s, %d frame%s, %.2f ms per frame (median)\n", file.c_str(),
                 scene.name.c_str(), scene.contents.c_str(), options.width, options.height, wordFor(options.format),

@@ -3,8 +3,9 @@
 #include "kardeno_soft/version.h"
 #include "sample_host/host/host_memory.h"
 #include "sample_host/host/renderer_file.h"
-#include "sample_host/models/obj_model.h"
+#include "sample_host/models/model_file.h"
 #include "sample_host/picture_commands.h"
+#include "sample_host/progress_bar.h"
 #include "sample_host/scenes/model_scene.h"
 #include "sample_host/scenes/scenes.h"
 
@@ -19,11 +20,11 @@ namespace {
 constexpr const char* fetchedModel = "cache/models/OBJ/spider.obj";
 
 // The model to be drawn, or none when it is to be a scene.
-std::optional<Model> chosenModel(const Options& options, std::ostream& out)
+std::optional<Model> chosenModel(const Options& options, std::ostream& out, const Progress& progress)
 {
     if (options.command == Command::gallery || !options.sceneName.empty()) return std::nullopt;
-    if (!options.modelFile.empty()) return readObjModel(options.modelFile);
-    if (std::filesystem::exists(fetchedModel)) return readObjModel(fetchedModel);
+    if (!options.modelFile.empty()) return readModel(options.modelFile, progress);
+    if (std::filesystem::exists(fetchedModel)) return readModel(fetchedModel, progress);
     out << "no model is named and none was fetched: drawing the room instead\n";
     return std::nullopt;
 }
@@ -41,14 +42,15 @@ void drawGallery(const RendererTable& renderer, const Options& options)
     }
 }
 
-std::unique_ptr<Scene> chosenScene(Engine& engine, const std::optional<Model>& model, const Options& options)
+std::unique_ptr<Scene> chosenScene(Engine& engine, const std::optional<Model>& model, const Options& options,
+                                   const Progress& progress)
 {
-    if (model) return buildModelScene(engine, *model, options.mode);
+    if (model) return buildModelScene(engine, *model, options.mode, progress);
     const SceneEntry* entry = sceneNamed(options.sceneName.empty() ? "room" : options.sceneName);
     return entry->build(engine, options.mode);
 }
 
-void run(const Options& options, const std::string& library, std::ostream& out)
+void run(const Options& options, const std::string& library, std::ostream& out, std::ostream& errors)
 {
     if (options.command == Command::help) {
         out << usage;
@@ -58,7 +60,10 @@ void run(const Options& options, const std::string& library, std::ostream& out)
         out << "sample_host " KARDENO_VERSION "\n";
         return;
     }
-    const std::optional<Model> model = chosenModel(options, out);
+    ProgressBar bar(errors, errorsGoToTerminal(), secondsNow);
+    const Progress progress = [&](const char* task, double part) { bar.show(task, part); };
+    const std::optional<Model> model = chosenModel(options, out, progress);
+    bar.show("", 1);
     if (model)
         for (const std::string& remark : model->remarks) out << remark << "\n";
     out.flush(); // before what the commands say
@@ -69,11 +74,11 @@ void run(const Options& options, const std::string& library, std::ostream& out)
     if (options.command == Command::gallery) return drawGallery(renderer.table(), options);
 
     Engine engine(renderer.table(), options.format);
-    const std::unique_ptr<Scene> scene = chosenScene(engine, model, options);
+    const std::unique_ptr<Scene> scene = chosenScene(engine, model, options, progress);
     if (options.command == Command::pick)
         writePick(*scene, options);
     else
-        writeScene(*scene, options);
+        writeScene(*scene, options, progress);
 }
 
 } // namespace
@@ -82,7 +87,7 @@ int runProgram(std::span<const char* const> arguments, const std::string& librar
                std::ostream& errors)
 {
     try {
-        run(readOptions(arguments), library, out);
+        run(readOptions(arguments), library, out, errors);
         return 0;
     } catch (const std::bad_alloc&) {
         errors << "sample_host: there is not enough memory\n";

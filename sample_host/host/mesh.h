@@ -2,6 +2,7 @@
 #pragma once
 
 #include "sample_host/host/vector_maths.h"
+#include "sample_host/pictures/image.h"
 
 #include <span>
 #include <vector>
@@ -22,6 +23,7 @@ struct Mesh {
 
     std::vector<Vector> positions;
     std::vector<Vector> normals; // of length 1, one for each position
+    std::vector<Colour> colours; // one for each position, for materials with vertex colours; or none, which is white
     std::vector<Corner> corners; // those of the first polygon, then those of the next, ...
     std::vector<Polygon> polygons;
 

@@ -22,7 +22,7 @@ u16 scatteredColour(u32 face)
 
 Object::Object(Surroundings& surroundings, const Mesh& mesh, std::span<Material* const> palette, Movement movement)
     : SceneObject{}, surroundings_(surroundings), movement_(std::move(movement)), positions_(mesh.positions),
-      normals_(mesh.normals), faceRecords_(mesh.polygons.size())
+      normals_(mesh.normals), colours_(mesh.colours), faceRecords_(mesh.polygons.size())
 {
     Engine& engine = surroundings_.engine;
     firstVertex_ = engine.addVertices(i32(positions_.size()));

@@ -93,6 +93,7 @@ private:
 
     i32 firstVertex_ = 0; // of its part of the engine's arrays
     std::vector<Vector> positions_, normals_;
+    std::vector<Colour> colours_;
     Vector centre_{};
     double radius_ = 0;
 

@@ -134,6 +134,12 @@ void Object::lightVertices(const Object& drawn)
     for (std::size_t i = 0; i < drawn.positions_.size(); ++i) {
         const Vector light = lightAt(inScene_.point(drawn.positions_[i]), inScene_.direction(drawn.normals_[i])) * 255;
         shades[i] = {f32(light.x), f32(light.y), f32(light.z), f32((light.x + light.y + light.z) / 3)};
+        if (drawn.colours_.empty()) continue;
+        // Materials without vertex colours take the mean, and only the others the single colours.
+        const Colour colour = drawn.colours_[i];
+        shades[i].red = f32(light.x * colour.red / 255);
+        shades[i].green = f32(light.y * colour.green / 255);
+        shades[i].blue = f32(light.z * colour.blue / 255);
     }
 }
 

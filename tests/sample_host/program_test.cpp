@@ -93,3 +93,9 @@ TEST_CASE("a model is drawn into the folder that is named, and what was wrong wi
     CHECK(outcome.said.find("line 5: a face has no area and is left out") != std::string::npos);
     CHECK(std::filesystem::exists(files.name("drawn/a.png")));
 }
+
+TEST_CASE("a missing model of any form is told by its name")
+{
+    checkComplaint(run({"missing.gltf"}), "the model 'missing.gltf' cannot be read: it is not there");
+    checkComplaint(run({"missing.glb"}), "the model 'missing.glb' cannot be read: it is not there");
+}
