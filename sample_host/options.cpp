@@ -1,7 +1,7 @@
 #include "sample_host/options.h"
 
 #include "sample_host/host/failure.h"
-#include "sample_host/nearest_word.h"
+#include "sample_host/host/nearest_word.h"
 #include "sample_host/scenes/scenes.h"
 
 #include <CLI/CLI.hpp>
@@ -12,7 +12,7 @@
 namespace sample_host {
 
 const char* const usage =
-    R"(usage: sample_host [COMMAND] [MODEL | --scene NAME] [option]...
+    R"(usage: sample_host [COMMAND] [MODEL | --scene SCENE] [option]...
 
 Draws a scene through the renderer and writes what it drew as PNG files.
 
@@ -22,6 +22,7 @@ Draws a scene through the renderer and writes what it drew as PNG files.
   --scene NAME            room: a lit room with a window and cones of light
                           robots: groups with parts and levels of detail
                           particles: a fountain between fires
+  --scene FILE            a scene that a JSON file describes (docs/scene_files.md)
   --room                  the same as --scene room
 
 commands, which may stand before or behind the model:
@@ -86,13 +87,23 @@ std::vector<std::string> sceneNames()
     return names;
 }
 
+// What stands behind --scene: one of our own, or a file, whose name has an ending or a folder.
+void takeScene(const std::string& scene, Options& options)
+{
+    options.sceneName.clear();
+    options.sceneFile.clear();
+    const bool isFile = !sceneNamed(scene) && scene.find_first_of("./\\") != std::string::npos;
+    (isFile ? options.sceneFile : options.sceneName) = scene;
+}
+
 // What is not there, or does not go together.
 void check(const Options& options)
 {
     if (!options.sceneName.empty() && !sceneNamed(options.sceneName))
         refuse("there is no scene '" + options.sceneName + "'" + suggestion(options.sceneName, sceneNames()));
-    if (!options.sceneName.empty() && !options.modelFile.empty()) refuse("a model or a scene, not both");
-    if (options.command == Command::gallery && (!options.sceneName.empty() || !options.modelFile.empty()))
+    const bool hasScene = !options.sceneName.empty() || !options.sceneFile.empty();
+    if (hasScene && !options.modelFile.empty()) refuse("a model or a scene, not both");
+    if (options.command == Command::gallery && (hasScene || !options.modelFile.empty()))
         refuse("the gallery takes no model and no scene");
     if (options.command != Command::draw && options.frames > 1) refuse("only a scene can be a turntable");
     if (options.command == Command::pick && (options.pickX >= options.width || options.pickY >= options.height))
@@ -126,6 +137,7 @@ public:
             refuse(error.what());
         }
         refuseLeftOver();
+        if (app_.count("--room") > 0 && app_.count("--scene") > 0) refuse("one scene at a time: --room is one itself");
         takeCommand();
         takeModel();
     }
@@ -140,8 +152,8 @@ private:
     void bindOptions()
     {
         Options& options = options_;
-        app_.add_flag_callback("--room", [&] { options.sceneName = "room"; });
-        bind("--scene", [&](const std::string& name) { options.sceneName = name; });
+        app_.add_flag_callback("--room", [&] { takeScene("room", options); });
+        bind("--scene", [&](const std::string& scene) { takeScene(scene, options); });
         bind("--library", [&](const std::string& file) { options.libraryFile = file; });
         bind("--out", [&](const std::string& folder) { options.outFolder = folder; });
         bind("--frames", [&](const std::string& text) { options.frames = number(text, 1, 1000, "--frames"); });

@@ -19,6 +19,7 @@ struct Options {
     Command command = Command::draw;
     std::string modelFile; // neither this nor a scene: the model that tools/fetch_models fetches, or else the room
     std::string sceneName; // one of the scenes of our own
+    std::string sceneFile; // or a file with a scene
     int pickX = 0, pickY = 0;
     std::string libraryFile; // none: the library beside the program
     std::string outFolder = "pictures";

@@ -4,6 +4,7 @@
 #include "sample_host/host/host_memory.h"
 #include "sample_host/host/renderer_file.h"
 #include "sample_host/models/model_file.h"
+#include "sample_host/models/scene_file.h"
 #include "sample_host/picture_commands.h"
 #include "sample_host/progress_bar.h"
 #include "sample_host/scenes/model_scene.h"
@@ -19,14 +20,26 @@ namespace {
 
 constexpr const char* fetchedModel = "cache/models/OBJ/spider.obj";
 
-// The model to be drawn, or none when it is to be a scene.
-std::optional<Model> chosenModel(const Options& options, std::ostream& out, const Progress& progress)
+// What is to be drawn, read before the renderer is loaded: a model, the scene of a file, or neither when it is a scene
+// of our own.
+struct Subject {
+    std::optional<Model> model;
+    std::optional<SceneFile> sceneFile;
+};
+
+Subject chosenSubject(const Options& options, std::ostream& out, const Progress& progress)
 {
-    if (options.command == Command::gallery || !options.sceneName.empty()) return std::nullopt;
-    if (!options.modelFile.empty()) return readModel(options.modelFile, progress);
-    if (std::filesystem::exists(fetchedModel)) return readModel(fetchedModel, progress);
+    if (options.command == Command::gallery || !options.sceneName.empty()) return {};
+    if (!options.sceneFile.empty()) return {.sceneFile = readSceneFile(options.sceneFile, progress)};
+    if (!options.modelFile.empty()) return {.model = readModel(options.modelFile, progress)};
+    if (std::filesystem::exists(fetchedModel)) return {.model = readModel(fetchedModel, progress)};
     out << "no model is named and none was fetched: drawing the room instead\n";
-    return std::nullopt;
+    return {};
+}
+
+void say(const std::vector<std::string>& remarks, std::ostream& out)
+{
+    for (const std::string& remark : remarks) out << remark << "\n";
 }
 
 // One engine at a time: there is one renderer, and it serves the context that it was given last.
@@ -42,10 +55,11 @@ void drawGallery(const RendererTable& renderer, const Options& options)
     }
 }
 
-std::unique_ptr<Scene> chosenScene(Engine& engine, const std::optional<Model>& model, const Options& options,
+std::unique_ptr<Scene> chosenScene(Engine& engine, const Subject& subject, const Options& options,
                                    const Progress& progress)
 {
-    if (model) return buildModelScene(engine, *model, options.mode, progress);
+    if (subject.model) return buildModelScene(engine, *subject.model, options.mode, progress);
+    if (subject.sceneFile) return buildSceneFile(engine, *subject.sceneFile, options.mode, progress);
     const SceneEntry* entry = sceneNamed(options.sceneName.empty() ? "room" : options.sceneName);
     return entry->build(engine, options.mode);
 }
@@ -62,10 +76,10 @@ void run(const Options& options, const std::string& library, std::ostream& out, 
     }
     ProgressBar bar(errors, errorsGoToTerminal(), secondsNow);
     const Progress progress = [&](const char* task, double part) { bar.show(task, part); };
-    const std::optional<Model> model = chosenModel(options, out, progress);
+    const Subject subject = chosenSubject(options, out, progress);
     bar.show("", 1);
-    if (model)
-        for (const std::string& remark : model->remarks) out << remark << "\n";
+    if (subject.model) say(subject.model->remarks, out);
+    if (subject.sceneFile) say(subject.sceneFile->remarks, out);
     out.flush(); // before what the commands say
 
     const HostMemory memory; // outlives the renderer
@@ -74,7 +88,7 @@ void run(const Options& options, const std::string& library, std::ostream& out, 
     if (options.command == Command::gallery) return drawGallery(renderer.table(), options);
 
     Engine engine(renderer.table(), options.format);
-    const std::unique_ptr<Scene> scene = chosenScene(engine, model, options, progress);
+    const std::unique_ptr<Scene> scene = chosenScene(engine, subject, options, progress);
     if (options.command == Command::pick)
         writePick(*scene, options);
     else

@@ -12,9 +12,9 @@
 
 namespace sample_host {
 
-// All numbers of an accessor, element by element, `width` for each; numbers that stand for fractions are made fractions.
-// Throws with a sentence that begins with `who` when the accessor has another width than one of `widths`, or lies
-// outside its buffer.
+// All numbers of an accessor, element by element, `width` for each; numbers that stand for fractions are made
+// fractions. Throws with a sentence that begins with `who` when the accessor has another width than one of `widths`, or
+// lies outside its buffer.
 struct GltfNumbers {
     std::size_t width = 0;
     std::vector<double> numbers;

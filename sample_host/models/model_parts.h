@@ -8,8 +8,8 @@ namespace sample_host {
 // A board of two greys: on a model that has neither material nor image it lets the shape be seen.
 std::shared_ptr<const Image> chequerboard();
 
-// Moves and scales the places into the sphere of radius 1 around the origin. What is not finite is not looked at. False,
-// and nothing is changed, when all are in one place or there are none.
+// Moves and scales the places into the sphere of radius 1 around the origin. What is not finite is not looked at.
+// False, and nothing is changed, when all are in one place or there are none.
 bool fitIntoSphere(std::span<Vector> places);
 
 inline bool isFinite(const Vector& v)

@@ -161,8 +161,8 @@ float numberIn(std::string_view word)
     return number;
 }
 
-// What the parser passes over in the lines of vertices and normals: colours behind the coordinates, and numbers that are
-// none, which it takes for 0.
+// What the parser passes over in the lines of vertices and normals: colours behind the coordinates, and numbers that
+// are none, which it takes for 0.
 class VertexLines {
 public:
     explicit VertexLines(ObjFile& file) : file_(file) {}
@@ -227,10 +227,15 @@ void findLines(const std::string& text, std::string_view keyword, std::vector<Ob
     if (missing.empty()) return;
     std::istringstream stream(text);
     forEachLine(stream, [&](int number, const std::vector<std::string>& words) {
-        for (ObjFile::Missing& one : missing)
-            if (!words.empty() && words[0] == keyword && one.line == 0
-                && std::find(words.begin(), words.end(), one.name) != words.end())
-                one.line = number;
+        if (words.empty() || words[0] != keyword) return true;
+        std::string all; // the words with one blank between them
+        for (std::size_t i = 1; i < words.size(); ++i) all += " " + words[i];
+        for (ObjFile::Missing& one : missing) {
+            std::istringstream nameWords(one.name);
+            std::string name;
+            for (std::string word; nameWords >> word;) name += " " + word;
+            if (one.line == 0 && (all + " ").find(name + " ") != std::string::npos) one.line = number;
+        }
         return true;
     });
 }

@@ -49,8 +49,8 @@ ObjFile readObjFile(const std::string& file, const Progress& progress = {});
 // The line of a face, counted from 1.
 int lineOfFace(const std::string& file, std::size_t face);
 
-// The line of an MTL file, counted from 1, in which a material is given one of these values, as "map_Kd" is the image; 0
-// if that cannot be found.
+// The line of an MTL file, counted from 1, in which a material is given one of these values, as "map_Kd" is the image;
+// 0 if that cannot be found.
 int lineOfValue(const std::string& materialFile, const std::string& material, std::span<const std::string> values);
 
 } // namespace sample_host

@@ -28,8 +28,8 @@ std::string lineOf(const ObjFile::Material& material, std::span<const std::strin
     return "'" + material.file + "', line " + std::to_string(line) + ": ";
 }
 
-// Images are looked for beside the model, whatever kind of slash their names have, and each is read once. One that cannot
-// be used is remarked on where it is first asked for.
+// Images are looked for beside the model, whatever kind of slash their names have, and each is read once. One that
+// cannot be used is remarked on where it is first asked for.
 class Images {
 public:
     Images(const std::filesystem::path& folder, std::vector<std::string>& remarks) : folder_(folder), remarks_(remarks)

@@ -166,8 +166,8 @@ TEST_CASE("the base colour, the opacity and both sides of a material are drawn")
     CHECK(red.materials[0].diffuse.blue == 128); // half as bright to the eye is 0.5 to the power of 2.2 of the light
     CHECK(red.mesh.polygons.size() == 2);
 
-    const Model glass = withMaterial(
-        R"({"name":"glass","alphaMode":"BLEND","doubleSided":true,"pbrMetallicRoughness":{"baseColorFactor":[1,1,1,0.3]}})");
+    const Model glass = withMaterial(R"({"name":"glass","alphaMode":"BLEND","doubleSided":true,)"
+                                     R"("pbrMetallicRoughness":{"baseColorFactor":[1,1,1,0.3]}})");
     CHECK(glass.materials[0].transparency == 50);
     CHECK(glass.mesh.polygons.size() == 4);
     REQUIRE(glass.remarks.size() == 1);

@@ -104,6 +104,16 @@ TEST_CASE("a command stands before or behind what it is about, and drawing needs
     CHECK(read({"/tmp/a.obj"}).modelFile == "/tmp/a.obj");
 }
 
+TEST_CASE("a scene is one of our own, or a file, which has an ending or a folder in its name")
+{
+    CHECK(read({"--scene", "a.json"}).sceneFile == "a.json");
+    CHECK(read({"--scene", "scenes/a"}).sceneFile == "scenes/a");
+    CHECK(read({"--scene", "a.json"}).sceneName.empty());
+    CHECK_THROWS_AS(read({"--scene", "a.json", "--room"}), std::runtime_error);
+    CHECK_THROWS_AS(read({"--scene", "a.json", "a.obj"}), std::runtime_error);
+    CHECK_THROWS_AS(read({"gallery", "--scene", "a.json"}), std::runtime_error);
+}
+
 TEST_CASE("of an option that is given twice the last value counts")
 {
     CHECK(read({"--frames", "2", "--frames", "3"}).frames == 3);

@@ -94,6 +94,14 @@ TEST_CASE("a model is drawn into the folder that is named, and what was wrong wi
     CHECK(std::filesystem::exists(files.name("drawn/a.png")));
 }
 
+TEST_CASE("a missing or broken scene file is told before the renderer is loaded")
+{
+    checkComplaint(run({"--scene", "missing.json"}), "the scene 'missing.json' cannot be read: it is not there");
+    const Files files;
+    const std::string scene = files.write("a.json", R"({"objects": [{"mesh": "none"}]})");
+    checkComplaint(run({"pick", "1", "2", "--scene", scene.c_str()}), "a.json', objects[0].mesh: there is no mesh");
+}
+
 TEST_CASE("a missing model of any form is told by its name")
 {
     checkComplaint(run({"missing.gltf"}), "the model 'missing.gltf' cannot be read: it is not there");

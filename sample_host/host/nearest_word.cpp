@@ -1,4 +1,4 @@
-#include "sample_host/nearest_word.h"
+#include "sample_host/host/nearest_word.h"
 
 #include <algorithm>
 #include <vector>
