@@ -28,7 +28,10 @@ Draws a scene through the renderer and writes what it drew as PNG files.
 commands, which may stand before or behind the model:
   draw                    draws the scene; so does a line without a command
   pick X Y                says what lies under that pixel: the object, the number of
-                          its face and the depth; marks it in the picture
+                          its face, the depth, the group of the model, the material and
+                          the row of the render-mode table; marks it in the picture
+  stats [--json]          counts what happens in one frame: objects, vertices, faces,
+                          polygons, spans and pixels; as text or as JSON
   gallery                 the contact sheets of the render modes, in both pixel
                           formats, and a picture of each of the scenes
 
@@ -172,6 +175,7 @@ private:
     {
         for (const CommandWord& word : commandWords) {
             CLI::App* command = app_.add_subcommand(word.word);
+            if (word.command == Command::stats) command->add_flag("--json", options_.asJson);
             if (word.command != Command::pick) continue;
             command->add_option("X", pickX_);
             command->add_option("Y", pickY_);
@@ -222,7 +226,7 @@ private:
         Command command;
     };
     static constexpr CommandWord commandWords[]{
-        {"draw", Command::draw}, {"pick", Command::pick}, {"gallery", Command::gallery}};
+        {"draw", Command::draw}, {"pick", Command::pick}, {"stats", Command::stats}, {"gallery", Command::gallery}};
 
     Options& options_;
     CLI::App app_;

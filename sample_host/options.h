@@ -10,6 +10,7 @@ namespace sample_host {
 enum class Command {
     draw,    // a scene
     pick,    // what lies under a pixel of a scene
+    stats,   // what happens in a frame of a scene
     gallery, // all that is of our own making
     help,
     version,
@@ -21,6 +22,7 @@ struct Options {
     std::string sceneName; // one of the scenes of our own
     std::string sceneFile; // or a file with a scene
     int pickX = 0, pickY = 0;
+    bool asJson = false;     // the counts of a frame, and not as text
     std::string libraryFile; // none: the library beside the program
     std::string outFolder = "pictures";
     int frames = 1;

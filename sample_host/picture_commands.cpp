@@ -1,5 +1,6 @@
 #include "sample_host/picture_commands.h"
 
+#include "sample_host/counts_in_words.h"
 #include "sample_host/host/projected_outline.h"
 #include "sample_host/pictures/animated_png.h"
 #include "sample_host/pictures/image_files.h"
@@ -43,6 +44,16 @@ std::string wordsFor(const MaterialMode& mode)
 {
     if (mode.renderState != 0) return "lit 256-colour maps";
     return mode.textures == TextureKind::palettised ? "unlit 256-colour maps" : "unlit 16-bit maps";
+}
+
+// The model's group that a face is of, its material, and the row that draws it.
+std::string wordsForFace(const Pick& pick)
+{
+    const Material* material = pick.object->materialOf(pick.face);
+    if (!material) return "";
+    const std::string group = pick.object->groupOf(pick.face);
+    return (group.empty() ? "" : ", group '" + group + "'") + ", material '" + material->name + "', row "
+           + galleryRows()[std::size_t(material->row())].name;
 }
 
 } // namespace
@@ -97,10 +108,17 @@ void writePick(Scene& scene, const Options& options)
 
     std::printf("%s: under pixel (%d, %d) ", file.c_str(), pixel.x, pixel.y);
     if (pick.object)
-        std::printf("lies '%s', face %d, at depth %.4f\n", pick.object->name.c_str(), int(pick.face),
-                    double(pick.depth));
+        std::printf("lies '%s', face %d, at depth %.4f%s\n", pick.object->name.c_str(), int(pick.face),
+                    double(pick.depth), wordsForFace(pick).c_str());
     else
         std::printf("lies nothing\n");
+}
+
+void sayCounts(Scene& scene, const Options& options)
+{
+    FrameBuffer frame(options.format, options.width, options.height);
+    const FrameCounts counts = countFrame(scene, frame, 0);
+    std::printf("%s", (options.asJson ? countsAsJson(counts) : countsAsText(scene.name, counts)).c_str());
 }
 
 void writeGallerySheet(Engine& engine, const Options& options)

@@ -1,4 +1,4 @@
-// The picture files that the host writes. Each function says on the standard output what it wrote.
+// What the commands do with a scene: the picture files that the host writes, and what it says on the standard output.
 #pragma once
 
 #include "sample_host/host/progress.h"
@@ -15,6 +15,9 @@ void writeScene(Scene& scene, const Options& options, const Progress& progress =
 
 // What lies under a pixel of the still, in words, and the still with the pixel and the face's outline marked.
 void writePick(Scene& scene, const Options& options);
+
+// What happens in the still, in numbers.
+void sayCounts(Scene& scene, const Options& options);
 
 // The contact sheet of the render modes in the engine's pixel format.
 void writeGallerySheet(Engine& engine, const Options& options);

@@ -76,10 +76,12 @@ void run(const Options& options, const std::string& library, std::ostream& out, 
     }
     ProgressBar bar(errors, errorsGoToTerminal(), secondsNow);
     const Progress progress = [&](const char* task, double part) { bar.show(task, part); };
-    const Subject subject = chosenSubject(options, out, progress);
+    // What a program is to read stands alone.
+    std::ostream& remarks = options.asJson ? errors : out;
+    const Subject subject = chosenSubject(options, remarks, progress);
     bar.show("", 1);
-    if (subject.model) say(subject.model->remarks, out);
-    if (subject.sceneFile) say(subject.sceneFile->remarks, out);
+    if (subject.model) say(subject.model->remarks, remarks);
+    if (subject.sceneFile) say(subject.sceneFile->remarks, remarks);
     out.flush(); // before what the commands say
 
     const HostMemory memory; // outlives the renderer
@@ -91,6 +93,8 @@ void run(const Options& options, const std::string& library, std::ostream& out, 
     const std::unique_ptr<Scene> scene = chosenScene(engine, subject, options, progress);
     if (options.command == Command::pick)
         writePick(*scene, options);
+    else if (options.command == Command::stats)
+        sayCounts(*scene, options);
     else
         writeScene(*scene, options, progress);
 }

@@ -93,6 +93,7 @@ public:
         Model model;
         model.materials = materials_.recipes;
         model.remarks = materials_.remarks;
+        for (const tinygltf::Mesh& mesh : file_.meshes) model.mesh.groups.push_back(mesh.name);
         for (std::size_t i = 0; i < places_.size(); ++i)
             model.mesh.addVertex(isFinite(places_[i]) ? places_[i] : Vector{}, normals_[i]);
         std::size_t flat = 0, infinite = 0;
@@ -125,6 +126,7 @@ private:
         Triangle corners;
         int material;
         bool hasNormals;
+        int group;
     };
 
     [[noreturn]] void failModel(const std::string& why) const
@@ -153,14 +155,14 @@ private:
                       + std::to_string(file_.meshes.size()));
         const tinygltf::Mesh& mesh = file_.meshes[std::size_t(number)];
         for (std::size_t i = 0; i < mesh.primitives.size(); ++i) {
-            addPrimitive(mesh.primitives[i], place,
+            addPrimitive(mesh.primitives[i], place, number,
                          "the model '" + name_ + "' cannot be used: mesh " + std::to_string(number) + ", primitive "
                              + std::to_string(i));
             report(progress_, "building", double(i + 1) / double(mesh.primitives.size()));
         }
     }
 
-    void addPrimitive(const tinygltf::Primitive& primitive, const Placement& place, const std::string& who)
+    void addPrimitive(const tinygltf::Primitive& primitive, const Placement& place, int mesh, const std::string& who)
     {
         const int mode = primitive.mode < 0 ? TINYGLTF_MODE_TRIANGLES : primitive.mode;
         if (mode < TINYGLTF_MODE_TRIANGLES) {
@@ -186,7 +188,7 @@ private:
         const bool hasNormals = primitive.attributes.count("NORMAL") > 0;
         for (Triangle triangle : trianglesOf(corners, mode)) {
             if (mirrors) std::swap(triangle[1], triangle[2]);
-            triangles_.push_back({triangle, material, hasNormals});
+            triangles_.push_back({triangle, material, hasNormals, mesh});
         }
     }
 
@@ -254,9 +256,11 @@ private:
         if (!face.hasNormals)
             for (const std::size_t corner : face.corners) mesh.normals[corner] = mesh.normals[corner] + area;
         mesh.addPolygon(face.material, corners);
+        mesh.polygons.back().group = face.group;
         if (!materials_.bothSides[std::size_t(face.material)]) return;
         std::swap(corners[1], corners[2]);
         mesh.addPolygon(face.material, corners);
+        mesh.polygons.back().group = face.group;
     }
 
     void remarkOn(std::size_t count, const std::string& what, std::vector<std::string>& remarks) const

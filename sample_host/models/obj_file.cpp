@@ -44,7 +44,7 @@ private:
 // What the parser calls for each line.
 struct Lines {
     ObjFile& result;
-    int material = ObjFile::none;
+    int material = ObjFile::none, group = ObjFile::none;
 
     static Lines& of(void* data) { return *static_cast<Lines*>(data); }
 
@@ -72,11 +72,21 @@ struct Lines {
         of(data).result.materials.clear();
         for (int i = 0; i < count; ++i) of(data).result.materials.push_back({materials[i], {}});
     }
+    // Groups and objects are both parts of a model that have a name.
+    static void setGroup(void* data, const std::string& name)
+    {
+        std::vector<std::string>& groups = of(data).result.groups;
+        if (groups.empty() || groups.back() != name) groups.push_back(name);
+        of(data).group = int(groups.size()) - 1;
+    }
+    static void setGroups(void* data, const char** names, int count) { setGroup(data, count > 0 ? names[0] : ""); }
+    static void setObject(void* data, const char* name) { setGroup(data, name); }
     static void addFace(void* data, tinyobj::index_t* corners, int count)
     {
         ObjFile& file = of(data).result;
         ObjFile::Face face;
         face.material = of(data).material;
+        face.group = of(data).group;
         for (int i = 0; i < count; ++i) {
             // A vertex must be named; the parser gives 0 for what is not.
             const int vertex = corners[i].vertex_index;
@@ -258,6 +268,8 @@ ObjFile readObjFile(const std::string& file, const Progress& progress)
     callbacks.index_cb = Lines::addFace;
     callbacks.usemtl_cb = Lines::setMaterial;
     callbacks.mtllib_cb = Lines::setMaterials;
+    callbacks.group_cb = Lines::setGroups;
+    callbacks.object_cb = Lines::setObject;
 
     ObjFile result;
     Lines lines{result};

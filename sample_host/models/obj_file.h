@@ -20,6 +20,7 @@ struct ObjFile {
     struct Face {
         std::vector<Corner> corners;
         int material = none;
+        int group = none; // its place in `groups`
     };
     struct Material {
         tinyobj::material_t record;
@@ -37,6 +38,7 @@ struct ObjFile {
     std::vector<float> textures;           // two numbers each, the second one counted from the lower edge of the image
     std::vector<Face> faces;
     std::vector<Material> materials;
+    std::vector<std::string> groups;
     std::vector<Missing> missingFiles;     // MTL files
     std::vector<Missing> missingMaterials; // that faces ask for and no MTL file has
 };

@@ -140,7 +140,8 @@ public:
             if (isLost) return;
         }
         const SplitOutline outline = splitOutline(places);
-        for (const auto& [a, b, c] : outline.triangles) addTriangle({corners[a], corners[b], corners[c]}, material);
+        for (const auto& [a, b, c] : outline.triangles)
+            addTriangle({corners[a], corners[b], corners[c]}, material, file_.faces[number].group);
         if (outline.fault != OutlineFault::none) faulty_[remarkOn(outline)].push_back(number);
         if (!outline.triangles.empty() && isTurnedAway(corners, places))
             faulty_["a face is turned away from its normals and is seen from behind alone"].push_back(number);
@@ -151,6 +152,7 @@ public:
         if (mesh_.polygons.empty())
             failModel("it has no faces that can be drawn" + (faulty_.empty() ? "" : "; " + remarks().front()));
         for (Vector& normal : mesh_.normals) normal = unit(normal);
+        mesh_.groups = file_.groups;
         return std::move(mesh_);
     }
 
@@ -214,7 +216,7 @@ private:
         });
     }
 
-    void addTriangle(const std::array<ObjFile::Corner, 3>& corners, int material)
+    void addTriangle(const std::array<ObjFile::Corner, 3>& corners, int material, int group)
     {
         std::array<Mesh::Corner, 3> triangle;
         for (std::size_t i = 0; i < 3; ++i) triangle[i] = texturedCorner(corners[i], vertex(corners[i]));
@@ -227,6 +229,7 @@ private:
             if (corners[i].normal == ObjFile::none) normal = normal + area;
         }
         mesh_.addPolygon(material, triangle);
+        mesh_.polygons.back().group = group;
     }
 
     int vertex(const ObjFile::Corner& corner)

@@ -114,6 +114,16 @@ TEST_CASE("a scene is one of our own, or a file, which has an ending or a folder
     CHECK_THROWS_AS(read({"gallery", "--scene", "a.json"}), std::runtime_error);
 }
 
+TEST_CASE("stats counts a frame of a model or a scene, as text or as JSON")
+{
+    CHECK(read({"stats"}).command == Command::stats);
+    CHECK(!read({"stats", "a.obj"}).asJson);
+    CHECK(read({"stats", "a.obj", "--json"}).asJson);
+    CHECK(read({"stats", "--json", "a.obj"}).modelFile == "a.obj");
+    CHECK_THROWS_AS(read({"--json"}), std::runtime_error);
+    CHECK_THROWS_AS(read({"stats", "--frames", "3"}), std::runtime_error);
+}
+
 TEST_CASE("of an option that is given twice the last value counts")
 {
     CHECK(read({"--frames", "2", "--frames", "3"}).frames == 3);
