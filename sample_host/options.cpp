@@ -32,6 +32,7 @@ commands, which may stand before or behind the model:
                           the row of the render-mode table; marks it in the picture
   stats [--json]          counts what happens in one frame: objects, vertices, faces,
                           polygons, spans and pixels; as text or as JSON
+  window                  shows the scene in a window: drag turns it, a click picks
   gallery                 the contact sheets of the render modes, in both pixel
                           formats, and a picture of each of the scenes
 
@@ -225,8 +226,11 @@ private:
         const char* word;
         Command command;
     };
-    static constexpr CommandWord commandWords[]{
-        {"draw", Command::draw}, {"pick", Command::pick}, {"stats", Command::stats}, {"gallery", Command::gallery}};
+    static constexpr CommandWord commandWords[]{{"draw", Command::draw},
+                                                {"pick", Command::pick},
+                                                {"stats", Command::stats},
+                                                {"window", Command::window},
+                                                {"gallery", Command::gallery}};
 
     Options& options_;
     CLI::App app_;

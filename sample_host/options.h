@@ -11,6 +11,7 @@ enum class Command {
     draw,    // a scene
     pick,    // what lies under a pixel of a scene
     stats,   // what happens in a frame of a scene
+    window,  // the scene moves under the user's hand
     gallery, // all that is of our own making
     help,
     version,

@@ -2,6 +2,7 @@
 
 #include "sample_host/counts_in_words.h"
 #include "sample_host/host/projected_outline.h"
+#include "sample_host/pick_in_words.h"
 #include "sample_host/pictures/animated_png.h"
 #include "sample_host/pictures/image_files.h"
 #include "sample_host/pictures/marks.h"
@@ -44,16 +45,6 @@ std::string wordsFor(const MaterialMode& mode)
 {
     if (mode.renderState != 0) return "lit 256-colour maps";
     return mode.textures == TextureKind::palettised ? "unlit 256-colour maps" : "unlit 16-bit maps";
-}
-
-// The model's group that a face is of, its material, and the row that draws it.
-std::string wordsForFace(const Pick& pick)
-{
-    const Material* material = pick.object->materialOf(pick.face);
-    if (!material) return "";
-    const std::string group = pick.object->groupOf(pick.face);
-    return (group.empty() ? "" : ", group '" + group + "'") + ", material '" + material->name + "', row "
-           + galleryRows()[std::size_t(material->row())].name;
 }
 
 } // namespace
@@ -107,11 +98,7 @@ void writePick(Scene& scene, const Options& options)
     writePng(file, image);
 
     std::printf("%s: under pixel (%d, %d) ", file.c_str(), pixel.x, pixel.y);
-    if (pick.object)
-        std::printf("lies '%s', face %d, at depth %.4f%s\n", pick.object->name.c_str(), int(pick.face),
-                    double(pick.depth), wordsForFace(pick).c_str());
-    else
-        std::printf("lies nothing\n");
+    std::printf("lies %s\n", pickInWords(pick).c_str());
 }
 
 void sayCounts(Scene& scene, const Options& options)

@@ -3,12 +3,10 @@
 #include "kardeno_soft/version.h"
 #include "sample_host/host/host_memory.h"
 #include "sample_host/host/renderer_file.h"
-#include "sample_host/models/model_file.h"
-#include "sample_host/models/scene_file.h"
 #include "sample_host/picture_commands.h"
 #include "sample_host/progress_bar.h"
-#include "sample_host/scenes/model_scene.h"
 #include "sample_host/scenes/scenes.h"
+#include "sample_host/viewer.h"
 
 #include <filesystem>
 #include <optional>
@@ -17,30 +15,6 @@
 namespace sample_host {
 
 namespace {
-
-constexpr const char* fetchedModel = "cache/models/OBJ/spider.obj";
-
-// What is to be drawn, read before the renderer is loaded: a model, the scene of a file, or neither when it is a scene
-// of our own.
-struct Subject {
-    std::optional<Model> model;
-    std::optional<SceneFile> sceneFile;
-};
-
-Subject chosenSubject(const Options& options, std::ostream& out, const Progress& progress)
-{
-    if (options.command == Command::gallery || !options.sceneName.empty()) return {};
-    if (!options.sceneFile.empty()) return {.sceneFile = readSceneFile(options.sceneFile, progress)};
-    if (!options.modelFile.empty()) return {.model = readModel(options.modelFile, progress)};
-    if (std::filesystem::exists(fetchedModel)) return {.model = readModel(fetchedModel, progress)};
-    out << "no model is named and none was fetched: drawing the room instead\n";
-    return {};
-}
-
-void say(const std::vector<std::string>& remarks, std::ostream& out)
-{
-    for (const std::string& remark : remarks) out << remark << "\n";
-}
 
 // One engine at a time: there is one renderer, and it serves the context that it was given last.
 void drawGallery(const RendererTable& renderer, const Options& options)
@@ -55,13 +29,12 @@ void drawGallery(const RendererTable& renderer, const Options& options)
     }
 }
 
-std::unique_ptr<Scene> chosenScene(Engine& engine, const Subject& subject, const Options& options,
-                                   const Progress& progress)
+void openViewer(const RendererTable& renderer, const Subject& subject, const Options& options, std::ostream& out)
 {
-    if (subject.model) return buildModelScene(engine, *subject.model, options.mode, progress);
-    if (subject.sceneFile) return buildSceneFile(engine, *subject.sceneFile, options.mode, progress);
-    const SceneEntry* entry = sceneNamed(options.sceneName.empty() ? "room" : options.sceneName);
-    return entry->build(engine, options.mode);
+    const std::unique_ptr<Window> window = openWindow("sample_host", options.width, options.height);
+    out << Viewer::help << std::flush;
+    Viewer viewer(renderer, subject, options);
+    showInWindow(viewer, *window);
 }
 
 void run(const Options& options, const std::string& library, std::ostream& out, std::ostream& errors)
@@ -78,10 +51,7 @@ void run(const Options& options, const std::string& library, std::ostream& out, 
     const Progress progress = [&](const char* task, double part) { bar.show(task, part); };
     // What a program is to read stands alone.
     std::ostream& remarks = options.asJson ? errors : out;
-    const Subject subject = chosenSubject(options, remarks, progress);
-    bar.show("", 1);
-    if (subject.model) say(subject.model->remarks, remarks);
-    if (subject.sceneFile) say(subject.sceneFile->remarks, remarks);
+    const Subject subject = readSubject(options, remarks, progress);
     out.flush(); // before what the commands say
 
     const HostMemory memory; // outlives the renderer
@@ -89,8 +59,10 @@ void run(const Options& options, const std::string& library, std::ostream& out, 
                                                             : std::filesystem::absolute(options.libraryFile).string());
     if (options.command == Command::gallery) return drawGallery(renderer.table(), options);
 
+    if (options.command == Command::window) return openViewer(renderer.table(), subject, options, out);
+
     Engine engine(renderer.table(), options.format);
-    const std::unique_ptr<Scene> scene = chosenScene(engine, subject, options, progress);
+    const std::unique_ptr<Scene> scene = buildSubject(engine, subject, options.mode, progress);
     if (options.command == Command::pick)
         writePick(*scene, options);
     else if (options.command == Command::stats)

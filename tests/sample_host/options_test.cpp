@@ -124,6 +124,14 @@ TEST_CASE("stats counts a frame of a model or a scene, as text or as JSON")
     CHECK_THROWS_AS(read({"stats", "--frames", "3"}), std::runtime_error);
 }
 
+TEST_CASE("a window shows a model or a scene")
+{
+    CHECK(read({"window"}).command == Command::window);
+    CHECK(read({"window", "a.glb"}).modelFile == "a.glb");
+    CHECK(read({"--scene", "robots", "window", "--size", "800x600"}).width == 800);
+    CHECK_THROWS_AS(read({"window", "--frames", "3"}), std::runtime_error);
+}
+
 TEST_CASE("of an option that is given twice the last value counts")
 {
     CHECK(read({"--frames", "2", "--frames", "3"}).frames == 3);
