@@ -114,7 +114,8 @@ private:
 #endif
     }
 
-    // Without a display that answers SDL goes on in memory alone, where nobody sees anything. Whoever asks for that by name gets it.
+    // Without a display that answers SDL goes on in memory alone, where nobody sees anything. Whoever asks for that by
+    // name gets it.
     static bool isBlind()
     {
         const std::string driver = SDL_GetCurrentVideoDriver();
