@@ -2,7 +2,7 @@
 # if a compiler for another system searched the whole of /usr/include, it would miss that system's own headers.
 set(headers ${CMAKE_BINARY_DIR}/headers)
 file(MAKE_DIRECTORY ${headers})
-foreach(header doctest stb tiny_obj_loader.h tiny_gltf.h nlohmann)
+foreach(header doctest stb tiny_obj_loader.h CLI nlohmann tiny_gltf.h)
     if(EXISTS /usr/include/${header})
         file(CREATE_LINK /usr/include/${header} ${headers}/${header} SYMBOLIC)
     endif()

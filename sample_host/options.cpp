@@ -1,7 +1,10 @@
 #include "sample_host/options.h"
 
 #include "sample_host/host/failure.h"
+#include "sample_host/host/nearest_word.h"
 #include "sample_host/scenes/scenes.h"
+
+#include <CLI/CLI.hpp>
 
 #include <algorithm>
 #include <charconv>
@@ -9,22 +12,31 @@
 namespace sample_host {
 
 const char* const usage =
-    R"(usage: sample_host [MODEL.obj | --scene NAME | --room] [pick X Y] [option]...
-       sample_host gallery [option]...
+    R"(usage: sample_host [COMMAND] [MODEL | --scene SCENE] [option]...
 
 Draws a scene through the renderer and writes what it drew as PNG files.
 
-  MODEL.obj               a model with its materials and images; without a model or
-                          scene, the model that tools/fetch_models fetches, or else
-                          the room
+  MODEL                   a model with its materials and images, of an OBJ, glTF 2.0 or
+                          GLB file; without a model or scene, the model that
+                          tools/fetch_models fetches, or else the room
   --scene NAME            room: a lit room with a window and cones of light
                           robots: groups with parts and levels of detail
                           particles: a fountain between fires
+  --scene FILE            a scene that a JSON file describes (docs/scene_files.md)
   --room                  the same as --scene room
+
+commands, which may stand before or behind the model:
+  draw                    draws the scene; so does a line without a command
   pick X Y                says what lies under that pixel: the object, the number of
-                          its face and the depth; marks it in the picture
+                          its face, the depth, the group of the model, the material and
+                          the row of the render-mode table; marks it in the picture
+  stats [--json]          counts what happens in one frame: objects, vertices, faces,
+                          polygons, spans and pixels; as text or as JSON
+  window                  shows the scene in a window: drag turns it, a click picks
   gallery                 the contact sheets of the render modes, in both pixel
                           formats, and a picture of each of the scenes
+
+options, in any place:
   --frames N              with more than 1: a turntable of N frames, an animated PNG
   --size WxH              of the pictures (640x480); not of the contact sheets
   --format 565|555        of the frame buffer's pixels (565)
@@ -34,6 +46,7 @@ Draws a scene through the renderer and writes what it drew as PNG files.
   --library FILE          the renderer (beside the program)
   --out DIR               where the pictures go (pictures)
   -h, --help              this text
+  --version               the version
 )";
 
 namespace {
@@ -71,69 +84,173 @@ void readSize(const std::string& size, Options& options)
     options.height = number(std::string_view(size).substr(cross + 1), 16, 4096, "--size");
 }
 
+std::vector<std::string> sceneNames()
+{
+    std::vector<std::string> names;
+    for (const SceneEntry& entry : ownScenes) names.push_back(entry.name);
+    return names;
+}
+
+// What stands behind --scene: one of our own, or a file, whose name has an ending or a folder.
+void takeScene(const std::string& scene, Options& options)
+{
+    options.sceneName.clear();
+    options.sceneFile.clear();
+    const bool isFile = !sceneNamed(scene) && scene.find_first_of("./\\") != std::string::npos;
+    (isFile ? options.sceneFile : options.sceneName) = scene;
+}
+
 // What is not there, or does not go together.
 void check(const Options& options)
 {
     if (!options.sceneName.empty() && !sceneNamed(options.sceneName))
-        refuse("there is no scene '" + options.sceneName + "'");
-    if (!options.sceneName.empty() && !options.modelFile.empty()) refuse("a model or a scene, not both");
-    if (options.command == Command::gallery && (!options.sceneName.empty() || !options.modelFile.empty()))
+        refuse("there is no scene '" + options.sceneName + "'" + suggestion(options.sceneName, sceneNames()));
+    const bool hasScene = !options.sceneName.empty() || !options.sceneFile.empty();
+    if (hasScene && !options.modelFile.empty()) refuse("a model or a scene, not both");
+    if (options.command == Command::gallery && (hasScene || !options.modelFile.empty()))
         refuse("the gallery takes no model and no scene");
     if (options.command != Command::draw && options.frames > 1) refuse("only a scene can be a turntable");
     if (options.command == Command::pick && (options.pickX >= options.width || options.pickY >= options.height))
         refuse("the pixel to pick lies outside the picture");
 }
 
+// The parser of the command line, with its options bound to those of one call.
+class Parser {
+public:
+    explicit Parser(Options& options) : options_(options)
+    {
+        // Everything may stand behind a command too, and what is left over gets a sentence of our own.
+        app_.set_help_flag();
+        app_.allow_windows_style_options(false);
+        app_.fallthrough();
+        app_.allow_extras();
+        app_.add_option("MODEL", models_);
+        bindOptions();
+        bindCommands();
+    }
+
+    void parse(std::span<const char* const> arguments)
+    {
+        std::vector<std::string> reversed(arguments.rbegin(), arguments.rend());
+        try {
+            app_.parse(std::move(reversed));
+        } catch (const CLI::ArgumentMismatch& error) {
+            const std::string sentence = error.what(); // begins with the option and a colon
+            refuse(sentence.substr(0, sentence.find(':')) + " needs a value");
+        } catch (const CLI::Error& error) {
+            refuse(error.what());
+        }
+        refuseLeftOver();
+        if (app_.count("--room") > 0 && app_.count("--scene") > 0) refuse("one scene at a time: --room is one itself");
+        takeCommand();
+        takeModel();
+    }
+
+private:
+    template <class Take>
+    void bind(const std::string& name, Take take)
+    {
+        app_.add_option_function<std::string>(name, take)->take_last();
+    }
+
+    void bindOptions()
+    {
+        Options& options = options_;
+        app_.add_flag_callback("--room", [&] { takeScene("room", options); });
+        bind("--scene", [&](const std::string& scene) { takeScene(scene, options); });
+        bind("--library", [&](const std::string& file) { options.libraryFile = file; });
+        bind("--out", [&](const std::string& folder) { options.outFolder = folder; });
+        bind("--frames", [&](const std::string& text) { options.frames = number(text, 1, 1000, "--frames"); });
+        bind("--state", [&](const std::string& text) { options.mode.renderState = number(text, 0, 2, "--state"); });
+        bind("--format", [&](const std::string& text) {
+            options.format = choice(text, "565", "555", "--format") ? PixelFormat::rgb555 : PixelFormat::rgb565;
+        });
+        bind("--texture", [&](const std::string& text) {
+            options.mode.textures =
+                choice(text, "true", "palette", "--texture") ? TextureKind::palettised : TextureKind::trueColour;
+        });
+        bind("--size", [&](const std::string& text) { readSize(text, options); });
+    }
+
+    void bindCommands()
+    {
+        for (const CommandWord& word : commandWords) {
+            CLI::App* command = app_.add_subcommand(word.word);
+            if (word.command == Command::stats) command->add_flag("--json", options_.asJson);
+            if (word.command != Command::pick) continue;
+            command->add_option("X", pickX_);
+            command->add_option("Y", pickY_);
+        }
+    }
+
+    void refuseLeftOver()
+    {
+        const std::vector<std::string> leftOver = app_.remaining(true);
+        if (leftOver.empty()) return;
+        const std::string& first = leftOver[0];
+        if (app_.got_subcommand("pick") && pickY_.empty()) number(first, 0, 4095, "pick");
+        std::vector<std::string> known{"--help", "--version"};
+        for (const CLI::Option* option : app_.get_options())
+            if (!option->get_lnames().empty()) known.push_back("--" + option->get_lnames()[0]);
+        const std::string name = first.substr(0, first.find('='));
+        refuse("there is no option " + name + suggestion(name, known));
+    }
+
+    void takeCommand()
+    {
+        const std::vector<CLI::App*> commands = app_.get_subcommands();
+        if (commands.size() > 1) refuse("one command at a time: '" + commands[1]->get_name() + "' is the second");
+        if (commands.empty()) return;
+        for (const CommandWord& word : commandWords)
+            if (commands[0]->get_name() == word.word) options_.command = word.command;
+        if (options_.command != Command::pick) return;
+        if (pickY_.empty()) refuse("pick needs a value for X and one for Y");
+        options_.pickX = number(pickX_, 0, 4095, "pick");
+        options_.pickY = number(pickY_, 0, 4095, "pick");
+    }
+
+    void takeModel()
+    {
+        if (models_.empty()) return;
+        // A file has an ending; a word that has none and looks like a command was meant as one.
+        std::vector<std::string> words;
+        for (const CommandWord& word : commandWords) words.push_back(word.word);
+        const std::string& model = models_[0];
+        if (model.find_first_of("./\\") == std::string::npos && !nearestWord(model, words).empty())
+            refuse("there is no command '" + model + "'" + suggestion(model, words));
+        if (models_.size() > 1) refuse("one model at a time: '" + models_[1] + "' is the second");
+        options_.modelFile = model;
+    }
+
+    struct CommandWord {
+        const char* word;
+        Command command;
+    };
+    static constexpr CommandWord commandWords[]{{"draw", Command::draw},
+                                                {"pick", Command::pick},
+                                                {"stats", Command::stats},
+                                                {"window", Command::window},
+                                                {"gallery", Command::gallery}};
+
+    Options& options_;
+    CLI::App app_;
+    std::vector<std::string> models_;
+    std::string pickX_, pickY_;
+};
+
 } // namespace
 
 Options readOptions(std::span<const char* const> arguments)
 {
-    const auto asksForHelp = [](std::string_view argument) { return argument == "-h" || argument == "--help"; };
-    if (std::any_of(arguments.begin(), arguments.end(), asksForHelp)) return {.command = Command::help};
+    const auto contain = [&](std::string_view wanted) {
+        return std::any_of(arguments.begin(), arguments.end(),
+                           [&](std::string_view argument) { return argument == wanted; });
+    };
+    if (contain("-h") || contain("--help")) return {.command = Command::help};
+    if (contain("--version")) return {.command = Command::version};
 
     Options options;
-    for (std::size_t i = 0; i < arguments.size(); ++i) {
-        const std::string option = arguments[i];
-        const auto value = [&]() -> std::string {
-            if (i + 1 == arguments.size()) refuse(option + " needs a value");
-            return arguments[++i];
-        };
-        const auto command = [&](Command wanted) {
-            if (options.command != Command::draw) refuse("one command at a time: '" + option + "' is the second");
-            options.command = wanted;
-        };
-        if (option == "gallery")
-            command(Command::gallery);
-        else if (option == "pick") {
-            command(Command::pick);
-            options.pickX = number(value(), 0, 4095, option);
-            options.pickY = number(value(), 0, 4095, option);
-        } else if (option == "--room")
-            options.sceneName = "room";
-        else if (option == "--scene")
-            options.sceneName = value();
-        else if (option == "--library")
-            options.libraryFile = value();
-        else if (option == "--out")
-            options.outFolder = value();
-        else if (option == "--frames")
-            options.frames = number(value(), 1, 1000, option);
-        else if (option == "--state")
-            options.mode.renderState = number(value(), 0, 2, option);
-        else if (option == "--format")
-            options.format = choice(value(), "565", "555", option) ? PixelFormat::rgb555 : PixelFormat::rgb565;
-        else if (option == "--texture")
-            options.mode.textures =
-                choice(value(), "true", "palette", option) ? TextureKind::palettised : TextureKind::trueColour;
-        else if (option == "--size")
-            readSize(value(), options);
-        else if (option.starts_with("-"))
-            refuse("there is no option " + option);
-        else if (!options.modelFile.empty())
-            refuse("one model at a time: '" + option + "' is the second");
-        else
-            options.modelFile = option;
-    }
+    Parser(options).parse(arguments);
     check(options);
     return options;
 }

@@ -1,6 +1,8 @@
 #include "sample_host/picture_commands.h"
 
+#include "sample_host/counts_in_words.h"
 #include "sample_host/host/projected_outline.h"
+#include "sample_host/pick_in_words.h"
 #include "sample_host/pictures/animated_png.h"
 #include "sample_host/pictures/image_files.h"
 #include "sample_host/pictures/marks.h"
@@ -54,7 +56,7 @@ std::string pictureName(const std::string& sceneName, const Options& options)
            + (unlit && options.mode.textures == TextureKind::palettised ? "-palette" : "");
 }
 
-void writeScene(Scene& scene, const Options& options)
+void writeScene(Scene& scene, const Options& options, const Progress& progress)
 {
     const bool turning = options.frames > 1;
     const std::string file = fileInFolder(options, pictureName(scene.name, options) + (turning ? "-turn.png" : ".png"));
@@ -65,6 +67,7 @@ void writeScene(Scene& scene, const Options& options)
     FrameBuffer frame(options.format, options.width, options.height);
     std::vector<double> milliseconds;
     for (int i = 0; i < options.frames; ++i) {
+        report(progress, "drawing", double(i) / options.frames);
         milliseconds.push_back(scene.draw(frame, double(i) / options.frames));
         if (turning)
             animation->addFrame(frame.image());
@@ -72,6 +75,7 @@ void writeScene(Scene& scene, const Options& options)
             writePng(file, frame.image());
     }
     if (turning) animation->finish();
+    report(progress, "drawing", 1);
 
     std::printf("%s: %s, %s, %dx%d in %s, %s, %d frame%s, %.2f ms per frame (median)\n", file.c_str(),
                 scene.name.c_str(), scene.contents.c_str(), options.width, options.height, wordFor(options.format),
@@ -94,11 +98,14 @@ void writePick(Scene& scene, const Options& options)
     writePng(file, image);
 
     std::printf("%s: under pixel (%d, %d) ", file.c_str(), pixel.x, pixel.y);
-    if (pick.object)
-        std::printf("lies '%s', face %d, at depth %.4f\n", pick.object->name.c_str(), int(pick.face),
-                    double(pick.depth));
-    else
-        std::printf("lies nothing\n");
+    std::printf("lies %s\n", pickInWords(pick).c_str());
+}
+
+void sayCounts(Scene& scene, const Options& options)
+{
+    FrameBuffer frame(options.format, options.width, options.height);
+    const FrameCounts counts = countFrame(scene, frame, 0);
+    std::printf("%s", (options.asJson ? countsAsJson(counts) : countsAsText(scene.name, counts)).c_str());
 }
 
 void writeGallerySheet(Engine& engine, const Options& options)

@@ -1,11 +1,12 @@
 #include "sample_host/program.h"
 
+#include "kardeno_soft/version.h"
 #include "sample_host/host/host_memory.h"
 #include "sample_host/host/renderer_file.h"
-#include "sample_host/models/obj_model.h"
 #include "sample_host/picture_commands.h"
-#include "sample_host/scenes/model_scene.h"
+#include "sample_host/progress_bar.h"
 #include "sample_host/scenes/scenes.h"
+#include "sample_host/viewer.h"
 
 #include <filesystem>
 #include <optional>
@@ -14,18 +15,6 @@
 namespace sample_host {
 
 namespace {
-
-constexpr const char* fetchedModel = "cache/models/OBJ/spider.obj";
-
-// The model to be drawn, or none when it is to be a scene.
-std::optional<Model> chosenModel(const Options& options, std::ostream& out)
-{
-    if (options.command == Command::gallery || !options.sceneName.empty()) return std::nullopt;
-    if (!options.modelFile.empty()) return readObjModel(options.modelFile);
-    if (std::filesystem::exists(fetchedModel)) return readObjModel(fetchedModel);
-    out << "no model is named and none was fetched: drawing the room instead\n";
-    return std::nullopt;
-}
 
 // One engine at a time: there is one renderer, and it serves the context that it was given last.
 void drawGallery(const RendererTable& renderer, const Options& options)
@@ -40,22 +29,29 @@ void drawGallery(const RendererTable& renderer, const Options& options)
     }
 }
 
-std::unique_ptr<Scene> chosenScene(Engine& engine, const std::optional<Model>& model, const Options& options)
+void openViewer(const RendererTable& renderer, const Subject& subject, const Options& options, std::ostream& out)
 {
-    if (model) return buildModelScene(engine, *model, options.mode);
-    const SceneEntry* entry = sceneNamed(options.sceneName.empty() ? "room" : options.sceneName);
-    return entry->build(engine, options.mode);
+    const std::unique_ptr<Window> window = openWindow("sample_host", options.width, options.height);
+    out << Viewer::help << std::flush;
+    Viewer viewer(renderer, subject, options);
+    showInWindow(viewer, *window);
 }
 
-void run(const Options& options, const std::string& library, std::ostream& out)
+void run(const Options& options, const std::string& library, std::ostream& out, std::ostream& errors)
 {
     if (options.command == Command::help) {
         out << usage;
         return;
     }
-    const std::optional<Model> model = chosenModel(options, out);
-    if (model)
-        for (const std::string& remark : model->remarks) out << remark << "\n";
+    if (options.command == Command::version) {
+        out << "sample_host " KARDENO_VERSION "\n";
+        return;
+    }
+    ProgressBar bar(errors, errorsGoToTerminal(), secondsNow);
+    const Progress progress = [&](const char* task, double part) { bar.show(task, part); };
+    // What a program is to read stands alone.
+    std::ostream& remarks = options.asJson ? errors : out;
+    const Subject subject = readSubject(options, remarks, progress);
     out.flush(); // before what the commands say
 
     const HostMemory memory; // outlives the renderer
@@ -63,12 +59,16 @@ void run(const Options& options, const std::string& library, std::ostream& out)
                                                             : std::filesystem::absolute(options.libraryFile).string());
     if (options.command == Command::gallery) return drawGallery(renderer.table(), options);
 
+    if (options.command == Command::window) return openViewer(renderer.table(), subject, options, out);
+
     Engine engine(renderer.table(), options.format);
-    const std::unique_ptr<Scene> scene = chosenScene(engine, model, options);
+    const std::unique_ptr<Scene> scene = buildSubject(engine, subject, options.mode, progress);
     if (options.command == Command::pick)
         writePick(*scene, options);
+    else if (options.command == Command::stats)
+        sayCounts(*scene, options);
     else
-        writeScene(*scene, options);
+        writeScene(*scene, options, progress);
 }
 
 } // namespace
@@ -77,7 +77,7 @@ int runProgram(std::span<const char* const> arguments, const std::string& librar
                std::ostream& errors)
 {
     try {
-        run(readOptions(arguments), library, out);
+        run(readOptions(arguments), library, out, errors);
         return 0;
     } catch (const std::bad_alloc&) {
         errors << "sample_host: there is not enough memory\n";

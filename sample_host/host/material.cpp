@@ -50,7 +50,7 @@ MaterialMode drawableMode(const MaterialRecipe& recipe, MaterialMode wanted)
 }
 
 Material::Material(const Engine& engine, const MaterialRecipe& recipe, const MaterialMode& wanted)
-    : SceneMaterial{}, engine_(engine)
+    : SceneMaterial{}, name(recipe.name), engine_(engine)
 {
     if (recipe.vertexColours && (recipe.transparency != 0 || recipe.shadingMode != 0))
         fail("a material with vertex colours must be opaque and have no shading mode");
@@ -91,6 +91,13 @@ void Material::chooseSpareRow()
     static_assert(rowSpareA - rowUnlitPlain == rowSpareB - rowUnlitTextured);
     renderPrivate->mode += rowSpareA - rowUnlitPlain;
     renderPrivate->mode->state = 1;
+}
+
+// Rows lie one after another in memory, and an unlit plain material shows where one of them lies.
+RenderModeRow Material::row() const
+{
+    const Material plain(engine_, {}, {});
+    return RenderModeRow(rowUnlitPlain + (renderPrivate->mode - plain.renderPrivate->mode));
 }
 
 void Material::makeTexture(const Image& image, TextureKind kind)

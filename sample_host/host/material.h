@@ -50,6 +50,11 @@ public:
     Material(const Material&) = delete;
     Material& operator=(const Material&) = delete;
 
+    // The row of the renderer's table that draws it.
+    RenderModeRow row() const;
+
+    const std::string name; // for people
+
 private:
     void makeTexture(const Image& image, TextureKind kind);
     void chooseSpareRow();

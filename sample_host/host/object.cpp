@@ -22,7 +22,7 @@ u16 scatteredColour(u32 face)
 
 Object::Object(Surroundings& surroundings, const Mesh& mesh, std::span<Material* const> palette, Movement movement)
     : SceneObject{}, surroundings_(surroundings), movement_(std::move(movement)), positions_(mesh.positions),
-      normals_(mesh.normals), faceRecords_(mesh.polygons.size())
+      normals_(mesh.normals), colours_(mesh.colours), groups_(mesh.groups), faceRecords_(mesh.polygons.size())
 {
     Engine& engine = surroundings_.engine;
     firstVertex_ = engine.addVertices(i32(positions_.size()));
@@ -73,6 +73,7 @@ void Object::fillRecords(const Mesh& mesh, std::span<Material* const> palette)
         face.material = palette[std::size_t(polygon.material)];
         face.faceTest = faceTestRecord();
         facePointers_.push_back(&face);
+        groupOfFaces_.push_back(polygon.group);
     }
     for (std::size_t i = 0; i < palette.size(); ++i) {
         const auto usesIt = [&](const Mesh::Polygon& polygon) { return std::size_t(polygon.material) == i; };

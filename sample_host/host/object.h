@@ -22,12 +22,15 @@ struct Light {
     std::vector<Lamp> lamps;
 };
 
+struct FrameCounts;
+
 // What the objects of a scene look at while a frame is drawn.
 struct Surroundings {
     Engine& engine;
     Light light{};
-    double phase = 0;   // of all movements: from 0 to 1 and round again
-    int onlyLevel = -1; // of detail, drawn at every distance; -1: by the distance
+    double phase = 0;              // of all movements: from 0 to 1 and round again
+    int onlyLevel = -1;            // of detail, drawn at every distance; -1: by the distance
+    FrameCounts* counts = nullptr; // of the renderer's calls; null when nobody counts them
 };
 
 // The renderer gets pointers to its records and hands them back in its calls. The host's types are derived from the
@@ -62,6 +65,10 @@ public:
     // The outline of a face in camera space. The face is one of the geometry that was last prepared for this object.
     std::vector<CameraVertex> outline(i32 face) const;
 
+    // The same face's material, and the name of its group in the model; null and empty if there is none.
+    const Material* materialOf(i32 face) const;
+    std::string groupOf(i32 face) const;
+
     std::string name; // for people
 
 private:
@@ -94,6 +101,9 @@ private:
 
     i32 firstVertex_ = 0; // of its part of the engine's arrays
     std::vector<Vector> positions_, normals_;
+    std::vector<Colour> colours_;
+    std::vector<std::string> groups_;
+    std::vector<int> groupOfFaces_;
     Vector centre_{};
     double radius_ = 0;
 

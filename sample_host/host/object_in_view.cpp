@@ -1,4 +1,5 @@
 // What the renderer calls of an object while it draws or picks.
+#include "sample_host/host/frame_counts.h"
 #include "sample_host/host/level_of_detail.h"
 #include "sample_host/host/object.h"
 
@@ -83,6 +84,7 @@ void Object::updatePlace()
 {
     const Placement own = movement_(surroundings_.phase);
     inScene_ = parent_ ? parent_->inScene_ * own : own;
+    if (surroundings_.counts) ++surroundings_.counts->objects;
 }
 
 void Object::placeInView(const View& view)
@@ -133,16 +135,28 @@ Vector Object::lightAt(const Vector& place, const Vector& normal) const
 
 void Object::lightVertices(const Object& drawn)
 {
+    if (surroundings_.counts) surroundings_.counts->verticesLit += int(drawn.positions_.size());
     VertexShade* shades = surroundings_.engine.vertexShades.data() + drawn.firstVertex_;
     for (std::size_t i = 0; i < drawn.positions_.size(); ++i) {
         const Vector light = lightAt(inScene_.point(drawn.positions_[i]), inScene_.direction(drawn.normals_[i])) * 255;
         shades[i] = {f32(light.x), f32(light.y), f32(light.z), f32((light.x + light.y + light.z) / 3)};
+        if (drawn.colours_.empty()) continue;
+        // Materials without vertex colours take the mean, and only the others the single colours.
+        const Colour colour = drawn.colours_[i];
+        shades[i].red = f32(light.x * colour.red / 255);
+        shades[i].green = f32(light.y * colour.green / 255);
+        shades[i].blue = f32(light.z * colour.blue / 255);
     }
 }
 
 void Object::prepareVertices(Object& drawn, const View& view)
 {
     lastDrawn_ = &drawn;
+    if (surroundings_.counts) {
+        ++surroundings_.counts->objectsDrawn;
+        surroundings_.counts->verticesPrepared += int(drawn.positions_.size());
+        surroundings_.counts->facesTested += drawn.faceCount;
+    }
     CameraVertex* vertices = surroundings_.engine.cameraVertices.data() + drawn.firstVertex_;
     u32* outcodes = surroundings_.engine.vertexOutcodes.data() + drawn.firstVertex_;
     for (std::size_t i = 0; i < drawn.positions_.size(); ++i) {
@@ -183,6 +197,19 @@ std::vector<CameraVertex> Object::outline(i32 face) const
         corners.push_back({f32(p.x), f32(p.y), f32(p.z)});
     }
     return corners;
+}
+
+const Material* Object::materialOf(i32 face) const
+{
+    if (!lastDrawn_ || face < 0 || face >= lastDrawn_->faceCount) return nullptr;
+    return static_cast<const Material*>(lastDrawn_->faces[face]->material);
+}
+
+std::string Object::groupOf(i32 face) const
+{
+    if (!lastDrawn_ || face < 0 || face >= lastDrawn_->faceCount) return "";
+    const int group = lastDrawn_->groupOfFaces_[std::size_t(face)];
+    return group < 0 ? "" : lastDrawn_->groups_[std::size_t(group)];
 }
 
 } // namespace sample_host

@@ -49,6 +49,10 @@ public:
     // Of all objects and levels, seen or not.
     int polygonCount() const { return polygonCount_; }
 
+    std::deque<Material>& materials() { return materials_; }
+    // The renderer's calls are counted from now on, until this is called with null.
+    void countCalls(FrameCounts* counts) { surroundings_.counts = counts; }
+
     std::string name;     // of its files
     std::string contents; // for people
     Camera camera;

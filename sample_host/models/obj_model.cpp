@@ -1,6 +1,7 @@
 #include "sample_host/models/obj_model.h"
 
 #include "sample_host/host/failure.h"
+#include "sample_host/models/model_parts.h"
 #include "sample_host/models/obj_file.h"
 #include "sample_host/models/outline.h"
 #include "sample_host/pictures/image_files.h"
@@ -8,66 +9,77 @@
 #include <algorithm>
 #include <filesystem>
 #include <map>
+#include <sstream>
 #include <stdexcept>
 
 namespace sample_host {
 
 namespace {
 
-u8 channel(float value)
+Colour colour(const float* values)
 {
-    return u8(255 * std::clamp(value, 0.0f, 1.0f) + 0.5f);
+    return {channel(double(values[0])), channel(double(values[1])), channel(double(values[2]))};
 }
 
-Colour colour(const float (&values)[3])
+// The beginning of a remark on one of a material's values.
+std::string lineOf(const ObjFile::Material& material, std::span<const std::string> values)
 {
-    return {channel(values[0]), channel(values[1]), channel(values[2])};
+    const int line = lineOfValue(material.file, material.record.name, values);
+    return "'" + material.file + "', line " + std::to_string(line) + ": ";
 }
 
-// A board of two greys: on a model that has neither material nor image it lets the shape be seen.
-std::shared_ptr<const Image> chequerboard()
-{
-    auto image = std::make_shared<Image>(64, 64);
-    for (int y = 0; y < 64; ++y) {
-        for (int x = 0; x < 64; ++x) {
-            const u8 grey = ((x ^ y) & 8) ? 200 : 120;
-            image->set(x, y, {grey, grey, grey});
-        }
-    }
-    return image;
-}
-
-// Images are looked for beside the model, whatever kind of slash their names have, and each is read once.
+// Images are looked for beside the model, whatever kind of slash their names have, and each is read once. One that
+// cannot be used is remarked on where it is first asked for.
 class Images {
 public:
-    explicit Images(const std::filesystem::path& folder) : folder_(folder) {}
+    Images(const std::filesystem::path& folder, std::vector<std::string>& remarks) : folder_(folder), remarks_(remarks)
+    {
+    }
 
     std::shared_ptr<const Image> get(const ObjFile::Material& material)
     {
         std::string name = material.record.diffuse_texname;
         std::replace(name.begin(), name.end(), '\\', '/');
-        std::shared_ptr<const Image>& image = images_[name];
-        if (!image) image = read((folder_ / name).generic_string(), material);
-        return image;
+        const auto [entry, isNew] = images_.try_emplace(name);
+        if (isNew) entry->second = read((folder_ / name).generic_string(), material);
+        return entry->second;
     }
 
 private:
-    static std::shared_ptr<const Image> read(const std::string& file, const ObjFile::Material& material)
+    std::shared_ptr<const Image> read(const std::string& file, const ObjFile::Material& material)
     {
         try {
             return std::make_shared<const Image>(resizedToPowersOfTwo(readImage(file)));
         } catch (const std::runtime_error& reason) {
-            const int line = lineOfImage(material.file, material.record.name);
-            fail("'" + material.file + "', line " + std::to_string(line) + ": the image '" + file
-                 + "' of the material '" + material.record.name + "' " + reason.what());
+            const std::string value = "map_Kd";
+            remarks_.push_back(lineOf(material, {&value, 1}) + "the image '" + file + "' of the material '"
+                               + material.record.name + "' " + reason.what()
+                               + "; the material is drawn in its colours");
+            return nullptr;
         }
     }
 
     std::filesystem::path folder_;
+    std::vector<std::string>& remarks_;
     std::map<std::string, std::shared_ptr<const Image>> images_;
 };
 
-MaterialRecipe recipe(const ObjFile::Material& material, Images& images)
+// The renderer knows opaque and half transparent; other opacities become the one that is nearer.
+i32 transparencyOf(const ObjFile::Material& material, std::vector<std::string>& remarks)
+{
+    const double opacity = double(material.record.dissolve);
+    const i32 transparency = opacity < 0.75 ? 50 : 0;
+    if (std::abs(opacity - (transparency == 0 ? 1 : 0.5)) > 0.005) {
+        std::ostringstream sentence;
+        const std::array<std::string, 2> values{"d", "Tr"};
+        sentence << lineOf(material, values) << "the opacity of the material '" << material.record.name << "' is "
+                 << opacity << ", and it is drawn " << (transparency == 0 ? "opaque" : "half transparent");
+        remarks.push_back(sentence.str());
+    }
+    return transparency;
+}
+
+MaterialRecipe recipe(const ObjFile::Material& material, Images& images, std::vector<std::string>& remarks)
 {
     const tinyobj::material_t& record = material.record;
     MaterialRecipe result;
@@ -77,7 +89,7 @@ MaterialRecipe recipe(const ObjFile::Material& material, Images& images)
     result.specular = colour(record.specular);
     result.specularLevel = 100;
     result.shininess = i32(std::clamp(record.shininess, 0.0f, 100.0f));
-    if (record.dissolve < 0.75f) result.transparency = 50;
+    result.transparency = transparencyOf(material, remarks);
     if (!record.diffuse_texname.empty()) result.image = images.get(material);
     return result;
 }
@@ -101,24 +113,38 @@ class MeshBuilder {
 public:
     MeshBuilder(const std::string& name, const ObjFile& file) : name_(name), file_(file)
     {
-        checkFinite(file.positions);
-        checkFinite(file.normals);
-        checkFinite(file.textures);
-        findSphere();
+        for (std::size_t i = 0; i + 2 < file.positions.size(); i += 3)
+            places_.push_back({file.positions[i], file.positions[i + 1], file.positions[i + 2]});
+        if (places_.empty()) failModel("it has no vertices");
+        if (std::none_of(places_.begin(), places_.end(), isFinite)) failModel("none of its vertices is finite");
+        if (!fitIntoSphere(places_)) failModel("all of its vertices are in one place");
     }
 
     // Adds the triangles of a face; `number` is the face's place in the file.
     void addFace(std::size_t number, int material)
     {
-        const std::vector<ObjFile::Corner>& corners = file_.faces[number].corners;
+        std::vector<ObjFile::Corner> corners;
         std::vector<Vector> places;
-        for (const ObjFile::Corner& corner : corners) {
+        for (const ObjFile::Corner& corner : file_.faces[number].corners) {
             checkCorner(corner, number);
-            places.push_back(placeOf(corner));
+            const Vector& place = places_[std::size_t(corner.vertex)];
+            if (!isFinite(place)) continue;
+            corners.push_back(usable(corner));
+            places.push_back(place);
+        }
+        if (corners.size() < file_.faces[number].corners.size()) {
+            const bool isLost = corners.size() < 3;
+            faulty_[isLost ? "a face has corners that are not finite and is left out"
+                           : "corners of a face are not finite and are left out"]
+                .push_back(number);
+            if (isLost) return;
         }
         const SplitOutline outline = splitOutline(places);
-        for (const auto& [a, b, c] : outline.triangles) addTriangle({corners[a], corners[b], corners[c]}, material);
+        for (const auto& [a, b, c] : outline.triangles)
+            addTriangle({corners[a], corners[b], corners[c]}, material, file_.faces[number].group);
         if (outline.fault != OutlineFault::none) faulty_[remarkOn(outline)].push_back(number);
+        if (!outline.triangles.empty() && isTurnedAway(corners, places))
+            faulty_["a face is turned away from its normals and is seen from behind alone"].push_back(number);
     }
 
     Mesh finished()
@@ -126,6 +152,7 @@ public:
         if (mesh_.polygons.empty())
             failModel("it has no faces that can be drawn" + (faulty_.empty() ? "" : "; " + remarks().front()));
         for (Vector& normal : mesh_.normals) normal = unit(normal);
+        mesh_.groups = file_.groups;
         return std::move(mesh_);
     }
 
@@ -152,12 +179,6 @@ private:
         return "'" + name_ + "', line " + std::to_string(lineOfFace(name_, face)) + ": ";
     }
 
-    void checkFinite(const std::vector<float>& numbers) const
-    {
-        if (!std::all_of(numbers.begin(), numbers.end(), [](float number) { return std::isfinite(number); }))
-            failModel("it has a number that is not finite");
-    }
-
     void checkCorner(const ObjFile::Corner& corner, std::size_t face) const
     {
         const auto check = [&](int index, std::size_t count, const char* what) {
@@ -169,35 +190,33 @@ private:
         if (corner.normal != ObjFile::none) check(corner.normal, file_.normals.size() / 3, "a normal");
     }
 
-    // In double precision: even a vertex at the end of single precision leaves a finite radius.
-    void findSphere()
+    Vector normalOf(const ObjFile::Corner& corner) const
     {
-        const std::size_t count = file_.positions.size() / 3;
-        if (count == 0) failModel("it has no vertices");
-        Vector low = position(0), high = low;
-        for (std::size_t i = 1; i < count; ++i) {
-            const Vector p = position(i);
-            low = {std::min(low.x, p.x), std::min(low.y, p.y), std::min(low.z, p.z)};
-            high = {std::max(high.x, p.x), std::max(high.y, p.y), std::max(high.z, p.z)};
-        }
-        centre_ = (low + high) * 0.5;
-        for (std::size_t i = 0; i < count; ++i) radius_ = std::max(radius_, length(position(i) - centre_));
-        if (radius_ == 0) failModel("all of its vertices are in one place");
+        const float* n = &file_.normals[3 * std::size_t(corner.normal)];
+        return {n[0], n[1], n[2]};
     }
 
-    Vector position(std::size_t i) const
+    // Without a normal or a texture coordinate that is not finite.
+    ObjFile::Corner usable(ObjFile::Corner corner) const
     {
-        const std::vector<float>& p = file_.positions;
-        return {p[3 * i], p[3 * i + 1], p[3 * i + 2]};
+        if (corner.normal != ObjFile::none && !isFinite(normalOf(corner))) corner.normal = ObjFile::none;
+        const float* t = corner.texture == ObjFile::none ? nullptr : &file_.textures[2 * std::size_t(corner.texture)];
+        if (t && !(std::isfinite(t[0]) && std::isfinite(t[1]))) corner.texture = ObjFile::none;
+        return corner;
     }
 
-    // Moved and scaled into the sphere of radius 1.
-    Vector placeOf(const ObjFile::Corner& corner) const
+    // Whether every corner has a normal, and all of them point to where the face is seen from behind.
+    bool isTurnedAway(std::span<const ObjFile::Corner> corners, std::span<const Vector> places) const
     {
-        return (position(std::size_t(corner.vertex)) - centre_) * (1 / radius_);
+        Vector area{};
+        for (std::size_t i = 1; i + 1 < places.size(); ++i)
+            area = area + cross(places[i] - places[0], places[i + 1] - places[0]);
+        return std::all_of(corners.begin(), corners.end(), [&](const ObjFile::Corner& corner) {
+            return corner.normal != ObjFile::none && dot(normalOf(corner), area) < 0;
+        });
     }
 
-    void addTriangle(const std::array<ObjFile::Corner, 3>& corners, int material)
+    void addTriangle(const std::array<ObjFile::Corner, 3>& corners, int material, int group)
     {
         std::array<Mesh::Corner, 3> triangle;
         for (std::size_t i = 0; i < 3; ++i) triangle[i] = texturedCorner(corners[i], vertex(corners[i]));
@@ -210,18 +229,16 @@ private:
             if (corners[i].normal == ObjFile::none) normal = normal + area;
         }
         mesh_.addPolygon(material, triangle);
+        mesh_.polygons.back().group = group;
     }
 
     int vertex(const ObjFile::Corner& corner)
     {
         const auto [entry, isNew] = vertices_.try_emplace({corner.vertex, corner.normal}, 0);
         if (isNew) {
-            Vector normal{};
-            if (corner.normal != ObjFile::none) {
-                const float* n = &file_.normals[3 * std::size_t(corner.normal)];
-                normal = {n[0], n[1], n[2]};
-            }
-            entry->second = mesh_.addVertex(placeOf(corner), normal);
+            const Vector normal = corner.normal == ObjFile::none ? Vector{} : normalOf(corner);
+            entry->second = mesh_.addVertex(places_[std::size_t(corner.vertex)], normal);
+            if (!file_.colours.empty()) mesh_.colours.push_back(colour(&file_.colours[3 * std::size_t(corner.vertex)]));
         }
         return entry->second;
     }
@@ -239,22 +256,39 @@ private:
 
     const std::string& name_;
     const ObjFile& file_;
-    Vector centre_{};
-    double radius_ = 0;
+    std::vector<Vector> places_; // of the file's vertices, in the sphere of radius 1
     Mesh mesh_;
     std::map<std::pair<int, int>, int> vertices_;            // by the numbers of their position and normal in the file
     std::map<std::string, std::vector<std::size_t>> faulty_; // the faces that a remark is about
 };
 
+std::vector<std::string> remarksOnMissing(const std::string& name, const ObjFile& file)
+{
+    std::vector<std::string> remarks;
+    const auto remark = [&](const ObjFile::Missing& missing, const char* what, const char* done) {
+        remarks.push_back("'" + name + "', line " + std::to_string(missing.line) + ": " + what + " '" + missing.name
+                          + "' " + done);
+    };
+    for (const ObjFile::Missing& missing : file.missingFiles)
+        remark(missing, "the material file", "is not there; faces of its materials are drawn in chequers");
+    // Of a file that is missing all materials are.
+    if (!file.missingFiles.empty()) return remarks;
+    for (const ObjFile::Missing& missing : file.missingMaterials)
+        remark(missing, "the material", "is in no material file; its faces are drawn in chequers");
+    return remarks;
+}
+
 } // namespace
 
-Model readObjModel(const std::string& name)
+Model readObjModel(const std::string& name, const Progress& progress)
 {
-    const ObjFile file = readObjFile(name);
+    const ObjFile file = readObjFile(name, progress);
     Model model;
     model.name = std::filesystem::path(name).stem().string();
-    Images images(std::filesystem::path(name).parent_path());
-    for (const ObjFile::Material& material : file.materials) model.materials.push_back(recipe(material, images));
+    model.remarks = remarksOnMissing(name, file);
+    Images images(std::filesystem::path(name).parent_path(), model.remarks);
+    for (const ObjFile::Material& material : file.materials)
+        model.materials.push_back(recipe(material, images, model.remarks));
 
     // Faces that name no material, or one that does not exist, take one more material behind the file's own.
     const int plain = int(model.materials.size());
@@ -265,15 +299,17 @@ Model readObjModel(const std::string& name)
         const int material = named >= 0 && named < plain ? named : plain;
         plainIsUsed |= material == plain;
         builder.addFace(i, material);
+        if (i % 1024 == 0) report(progress, "building", double(i) / double(file.faces.size()));
     }
     if (plainIsUsed) {
         MaterialRecipe chequered;
         chequered.name = "chequered";
-        chequered.image = chequerboard();
+        if (file.colours.empty()) chequered.image = chequerboard();
         model.materials.push_back(chequered);
     }
     model.mesh = builder.finished();
-    model.remarks = builder.remarks();
+    for (std::string& remark : builder.remarks()) model.remarks.push_back(std::move(remark));
+    if (!model.mesh.colours.empty()) useVertexColours(model);
     return model;
 }
 

@@ -2,11 +2,12 @@
 #pragma once
 
 #include "sample_host/host/model.h"
+#include "sample_host/host/progress.h"
 
 namespace sample_host {
 
 // The model has the name of the file, and its mesh consists of triangles. Throws with a sentence that names the file
-// and, where there is one, the line: of the model, or of the material that asks for an image.
-Model readObjModel(const std::string& file);
+// and, where there is one, the line. What a model lacks, as an image, is no reason to throw: it is remarked on.
+Model readObjModel(const std::string& file, const Progress& progress = {});
 
 } // namespace sample_host

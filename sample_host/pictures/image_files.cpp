@@ -8,6 +8,8 @@
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <fstream>
+#include <limits>
 #include <memory>
 #include <stdexcept>
 
@@ -40,13 +42,21 @@ Image readImage(const std::string& file)
     std::FILE* stream = std::fopen(file.c_str(), "rb");
     if (!stream) refuse(std::string("cannot be opened (") + std::strerror(errno) + ")");
     std::fclose(stream);
+    std::ifstream content(file, std::ios::binary);
+    const std::vector<char> bytes{std::istreambuf_iterator<char>(content), {}};
+    return readImage({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
+}
 
+Image readImage(std::span<const std::uint8_t> bytes)
+{
+    if (bytes.size() > std::size_t(std::numeric_limits<int>::max())) refuse("is too long");
     int width = 0, height = 0, channels = 0;
     // The size is looked at first: a broken header may claim more pixels than there is memory.
-    if (stbi_info(file.c_str(), &width, &height, &channels) && std::max(width, height) > longestSideRead)
+    if (stbi_info_from_memory(bytes.data(), int(bytes.size()), &width, &height, &channels)
+        && std::max(width, height) > longestSideRead)
         refuse("has " + std::to_string(width) + " x " + std::to_string(height) + " pixels");
-    const std::unique_ptr<stbi_uc, void (*)(void*)> loaded(stbi_load(file.c_str(), &width, &height, &channels, 4),
-                                                           stbi_image_free);
+    const std::unique_ptr<stbi_uc, void (*)(void*)> loaded(
+        stbi_load_from_memory(bytes.data(), int(bytes.size()), &width, &height, &channels, 4), stbi_image_free);
     if (!loaded) refuse(std::string("cannot be read (") + stbi_failure_reason() + ")");
     Image image(width, height);
     std::copy_n(loaded.get(), image.pixels.size(), image.pixels.begin());

@@ -37,14 +37,19 @@ Mesh floorUnder(const Mesh& mesh, int material)
 
 } // namespace
 
-std::unique_ptr<Scene> buildModelScene(Engine& engine, const Model& model, const MaterialMode& mode)
+std::unique_ptr<Scene> buildModelScene(Engine& engine, const Model& model, const MaterialMode& mode,
+                                       const Progress& progress)
 {
     auto scene = std::make_unique<Scene>(engine, mode);
     scene->name = model.name;
     std::vector<Material*> palette;
-    for (const MaterialRecipe& recipe : model.materials) palette.push_back(scene->addMaterial(recipe));
+    for (const MaterialRecipe& recipe : model.materials) {
+        report(progress, "making materials", double(palette.size()) / double(model.materials.size()));
+        palette.push_back(scene->addMaterial(recipe));
+    }
     scene->addObject(model.mesh, palette).name = scene->name;
-    scene->contents = std::to_string(model.mesh.polygons.size()) + " triangles";
+    const std::size_t triangles = model.mesh.polygons.size();
+    scene->contents = std::to_string(triangles) + (triangles == 1 ? " triangle" : " triangles");
 
     MaterialRecipe tiles;
     tiles.name = "floor";

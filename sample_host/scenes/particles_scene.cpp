@@ -1,6 +1,6 @@
-#include "sample_host/pictures/painting.h"
 #include "sample_host/scenes/own_shapes.h"
 #include "sample_host/scenes/own_textures.h"
+#include "sample_host/scenes/particle_movements.h"
 #include "sample_host/scenes/scenes.h"
 
 namespace sample_host {
@@ -27,50 +27,6 @@ std::vector<Material*> courtMaterials(Scene& scene)
             particle("flame", {200, 100, 24}, 11),
             particle("ember", {150, 44, 16}, 11),
             particle("halo", {86, 52, 22}, 10)};
-}
-
-// A number from 0 to 1 that looks random.
-double chance(int particle, int property)
-{
-    return scattered(particle + 31, property) / 255.0;
-}
-
-// The part of a particle's life that is over. While the phase goes from 0 to 1 it is born again `lives` times.
-double ageAt(double phase, int lives, double birth)
-{
-    const double age = phase * lives + birth;
-    return age - std::floor(age);
-}
-
-Placement sized(const Vector& place, double size)
-{
-    return {{size, 0, 0}, {0, size, 0}, {0, 0, size}, place};
-}
-
-// Thrown out of the mouth, and down into the basin along a parabola.
-Movement thrown(int i, int count)
-{
-    const double turn = chance(i, 0), reach = 0.45 + 0.4 * chance(i, 1), rise = 1.1 + 0.5 * chance(i, 2);
-    const double birth = double(i) / count;
-    return [=](double phase) {
-        const double age = ageAt(phase, 3, birth);
-        const double height = spout + 4 * rise * age * (1 - age) - (spout - waterLevel) * age;
-        const Vector place{reach * age * sineOfTurn(turn), height, reach * age * cosineOfTurn(turn)};
-        return sized(place, 0.55 + 0.45 * age);
-    };
-}
-
-// Rises from a fire, swaying, and burns down to nothing.
-Movement burning(const Vector& fire, int i, int count)
-{
-    const double turn = chance(i, 3), out = 0.13 * chance(i, 4), rise = 0.6 + 0.5 * chance(i, 5);
-    const double birth = double(i) / count;
-    return [=](double phase) {
-        const double age = ageAt(phase, 4, birth);
-        const double sway = 0.06 * age * sineOfTurn(2 * age + turn), narrowing = out * (1 - 0.6 * age);
-        const Vector place{narrowing * sineOfTurn(turn) + sway, rise * age, narrowing * cosineOfTurn(turn)};
-        return sized(fire + place, 1 - age * age);
-    };
 }
 
 Object& addParticle(Scene& scene, std::span<Material* const> palette, int material, double size, Movement movement)
@@ -137,7 +93,8 @@ std::unique_ptr<Scene> buildParticlesScene(Engine& engine, const MaterialMode& m
 
     constexpr int drops = 260, flames = 28;
     for (int i = 0; i < drops; ++i)
-        addParticle(*scene, palette, i % 3 == 0 ? spark : drop, 0.19, thrown(i, drops)).name = "drop of water";
+        addParticle(*scene, palette, i % 3 == 0 ? spark : drop, 0.19, thrown({spout, waterLevel}, i, drops)).name =
+            "drop of water";
     for (const Vector& fire : fires) {
         const Vector mouth = fire + Vector{0, 0.12, 0};
         for (int i = 0; i < flames; ++i)

@@ -3,12 +3,15 @@
 
 #include <filesystem>
 #include <fstream>
+#include <random>
 #include <string>
 
-// A folder that is there while the test runs.
+// A folder that is there while the test runs. Its name is drawn by lot, because several builds may be tested at a time.
 class Files {
 public:
-    Files() : folder_(std::filesystem::temp_directory_path() / "kardeno_sample_host_test")
+    Files()
+        : folder_(std::filesystem::temp_directory_path()
+                  / ("kardeno_sample_host_test_" + std::to_string(std::random_device{}())))
     {
         std::filesystem::remove_all(folder_);
         std::filesystem::create_directories(folder_);

@@ -83,6 +83,77 @@ TEST_CASE("-h and --help ask for help, whatever else is wrong")
     CHECK(read({"--nothing", "--help"}).command == Command::help);
 }
 
+TEST_CASE("--version asks for the version, unless help is asked for")
+{
+    CHECK(read({"--version"}).command == Command::version);
+    CHECK(read({"--nothing", "--version"}).command == Command::version);
+    CHECK(read({"--version", "-h"}).command == Command::help);
+}
+
+TEST_CASE("a command stands before or behind what it is about, and drawing needs none")
+{
+    CHECK(read({"draw", "a.obj"}).command == Command::draw);
+    CHECK(read({"draw", "a.obj", "--frames", "2"}).frames == 2);
+    const Options first = read({"pick", "12", "34", "a.obj", "--size=320x200"});
+    CHECK(first.command == Command::pick);
+    CHECK(first.modelFile == "a.obj");
+    CHECK(first.pickX == 12);
+    CHECK(first.pickY == 34);
+    CHECK(first.width == 320);
+    CHECK(read({"a.obj", "draw"}).modelFile == "a.obj");
+    CHECK(read({"/tmp/a.obj"}).modelFile == "/tmp/a.obj");
+}
+
+TEST_CASE("a scene is one of our own, or a file, which has an ending or a folder in its name")
+{
+    CHECK(read({"--scene", "a.json"}).sceneFile == "a.json");
+    CHECK(read({"--scene", "scenes/a"}).sceneFile == "scenes/a");
+    CHECK(read({"--scene", "a.json"}).sceneName.empty());
+    CHECK_THROWS_AS(read({"--scene", "a.json", "--room"}), std::runtime_error);
+    CHECK_THROWS_AS(read({"--scene", "a.json", "a.obj"}), std::runtime_error);
+    CHECK_THROWS_AS(read({"gallery", "--scene", "a.json"}), std::runtime_error);
+}
+
+TEST_CASE("stats counts a frame of a model or a scene, as text or as JSON")
+{
+    CHECK(read({"stats"}).command == Command::stats);
+    CHECK(!read({"stats", "a.obj"}).asJson);
+    CHECK(read({"stats", "a.obj", "--json"}).asJson);
+    CHECK(read({"stats", "--json", "a.obj"}).modelFile == "a.obj");
+    CHECK_THROWS_AS(read({"--json"}), std::runtime_error);
+    CHECK_THROWS_AS(read({"stats", "--frames", "3"}), std::runtime_error);
+}
+
+TEST_CASE("a window shows a model or a scene")
+{
+    CHECK(read({"window"}).command == Command::window);
+    CHECK(read({"window", "a.glb"}).modelFile == "a.glb");
+    CHECK(read({"--scene", "robots", "window", "--size", "800x600"}).width == 800);
+    CHECK_THROWS_AS(read({"window", "--frames", "3"}), std::runtime_error);
+}
+
+TEST_CASE("of an option that is given twice the last value counts")
+{
+    CHECK(read({"--frames", "2", "--frames", "3"}).frames == 3);
+}
+
+TEST_CASE("a mistyped word is answered with what it may have meant")
+{
+    const auto complains = [](std::vector<const char*> arguments, const char* part) {
+        CHECK_THROWS_WITH_AS(read(arguments), doctest::Contains(part), std::runtime_error);
+    };
+    complains({"galery"}, "there is no command 'galery'; did you mean 'gallery'?");
+    complains({"pcik", "1", "2"}, "did you mean 'pick'?");
+    complains({"dwar"}, "did you mean 'draw'?");
+    complains({"--frame", "2"}, "there is no option --frame; did you mean '--frames'?");
+    complains({"--fromat=565"}, "there is no option --fromat; did you mean '--format'?");
+    complains({"gallery", "--versoin"}, "did you mean '--version'?");
+    complains({"--scene", "robot"}, "there is no scene 'robot'; did you mean 'robots'?");
+    complains({"pick", "1", "-1"}, "pick takes a number from 0 to 4095, not '-1'");
+    CHECK_THROWS_WITH_AS(read({"--scene", "kitchen"}), doctest::Contains("kitchen' (--help"), std::runtime_error);
+    CHECK_THROWS_WITH_AS(read({"--nothing"}), doctest::Contains("--nothing (--help"), std::runtime_error);
+}
+
 TEST_CASE("what cannot be used is refused with a sentence")
 {
     const std::vector<std::vector<const char*>> wrong{

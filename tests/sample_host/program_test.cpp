@@ -1,6 +1,8 @@
 // The program from its arguments on. Where the renderer must not be loaded yet, its file is one that does not exist:
 // the sentence about that would come instead.
 #include "sample_host/program.h"
+
+#include "kardeno_soft/version.h"
 #include "tests/sample_host/files.h"
 
 #include <doctest/doctest.h>
@@ -47,6 +49,14 @@ TEST_CASE("-h and --help give the help, and nothing is loaded")
     }
 }
 
+TEST_CASE("--version gives the library's version, and nothing is loaded")
+{
+    const Outcome outcome = run({"--version"});
+    CHECK(outcome.exitCode == 0);
+    CHECK(outcome.said == "sample_host " KARDENO_VERSION "\n");
+    CHECK(outcome.complained.empty());
+}
+
 TEST_CASE("wrong arguments are answered with a sentence, and nothing is loaded")
 {
     checkComplaint(run({"--nothing"}), "there is no option --nothing");
@@ -82,4 +92,18 @@ TEST_CASE("a model is drawn into the folder that is named, and what was wrong wi
     CHECK(outcome.complained.empty());
     CHECK(outcome.said.find("line 5: a face has no area and is left out") != std::string::npos);
     CHECK(std::filesystem::exists(files.name("drawn/a.png")));
+}
+
+TEST_CASE("a missing or broken scene file is told before the renderer is loaded")
+{
+    checkComplaint(run({"--scene", "missing.json"}), "the scene 'missing.json' cannot be read: it is not there");
+    const Files files;
+    const std::string scene = files.write("a.json", R"({"objects": [{"mesh": "none"}]})");
+    checkComplaint(run({"pick", "1", "2", "--scene", scene.c_str()}), "a.json', objects[0].mesh: there is no mesh");
+}
+
+TEST_CASE("a missing model of any form is told by its name")
+{
+    checkComplaint(run({"missing.gltf"}), "the model 'missing.gltf' cannot be read: it is not there");
+    checkComplaint(run({"missing.glb"}), "the model 'missing.glb' cannot be read: it is not there");
 }

@@ -57,6 +57,7 @@ class Answers(CommandTest):
         self.assert_misused(self.command("demo", "missing.obj"), "there is no file 'missing.obj'")
         self.assert_misused(self.command("demo", ""), "there is no file ''")
         self.assert_misused(self.command("demo", str(self.folder)), "is not a file")
+        self.assert_misused(self.command("demo", "window", "missing.obj"), "there is no file 'missing.obj'")
 
     def test_demo_takes_one_model(self):
         self.write("a.obj", "")
@@ -172,6 +173,14 @@ class Demo(CommandTest):
         run = self.command("demo")
         self.assert_passes(run)
         self.assertIn("demo: building (linux-i386)", run.stdout)
+        self.assertIn("demo: try next\n    ./demo window", run.stdout)
+
+    def test_a_window_is_one_of_the_machines_own_renderer_and_nothing_is_drawn_into_files(self):
+        self.write("a.obj", "")
+        run = self.command("demo", "window", "a.obj")
+        self.assert_passes(run)
+        self.assertEqual(run.stdout, "demo: building (native)\n")
+        self.assertIn("cmake --preset native", self.calls())
 
     def test_without_a_32_bit_compiler_it_draws_through_the_machines_own_renderer_and_says_so(self):
         self.stand_in("g++", 'case " $* " in *" -m32 "*) exit 1 ;; esac')

@@ -1,0 +1,44 @@
+// Scenes from JSON files; docs/scene_files.md says what may stand in them.
+#pragma once
+
+#include "sample_host/host/progress.h"
+#include "sample_host/host/scene.h"
+
+namespace sample_host {
+
+// A scene as a file says it, before there is a renderer.
+struct SceneFile {
+    struct Thing {
+        std::string name;
+        std::size_t mesh = 0; // its place in `meshes`, of which the first one is empty
+        Movement movement;
+        bool isGroup = false, isPart = false, isSprite = false;
+        std::vector<std::size_t> levels; // their places in `levels`
+        std::vector<double> limits;
+        std::vector<Thing> children;
+    };
+    // What the fields of a camera are set to.
+    struct CameraPlace {
+        Vector target{};
+        double distance = 3, height = 1, startTurn = 0, turnsPerRound = 1, sway = 0, zoom = 1.8;
+        double nearPlane = 0.1, farPlane = 100;
+    };
+
+    std::string name, contents;
+    CameraPlace camera;
+    Light light;
+    std::vector<MaterialRecipe> materials;
+    std::vector<Mesh> meshes;
+    std::vector<Thing> levels;
+    std::vector<Thing> objects;
+    std::vector<std::string> remarks;
+};
+
+// Reads the file, and the models and images that it names, which lie beside it. Throws with a sentence that names the
+// file, the key and what is expected there.
+SceneFile readSceneFile(const std::string& file, const Progress& progress = {});
+
+std::unique_ptr<Scene> buildSceneFile(Engine& engine, const SceneFile& file, const MaterialMode& mode,
+                                      const Progress& progress = {});
+
+} // namespace sample_host

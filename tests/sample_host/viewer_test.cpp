@@ -1,0 +1,181 @@
+// The viewer under a hand that is made up.
+#include "sample_host/viewer.h"
+#include "tests/sample_host/linked_renderer.h"
+
+#include <doctest/doctest.h>
+
+#include <deque>
+#include <stdexcept>
+
+using namespace sample_host;
+
+namespace {
+
+using Kind = WindowEvent::Kind;
+using Key = WindowEvent::Key;
+
+Options smallOptions()
+{
+    Options options;
+    options.width = 160;
+    options.height = 120;
+    return options;
+}
+
+struct Hand {
+    Subject subject;
+    Viewer viewer{linkedRendererOfTheTests(), subject, smallOptions()};
+
+    void press(Key key) { viewer.handle({.kind = Kind::key, .key = key}); }
+    void press(char letter) { viewer.handle({.kind = Kind::letter, .letter = letter}); }
+    void click(int x, int y)
+    {
+        viewer.handle({.kind = Kind::press, .x = x, .y = y});
+        viewer.handle({.kind = Kind::release, .x = x, .y = y});
+    }
+    void drag(int fromX, int toX)
+    {
+        viewer.handle({.kind = Kind::press, .x = fromX, .y = 60});
+        viewer.handle({.kind = Kind::drag, .x = toX, .y = 60});
+        viewer.handle({.kind = Kind::release, .x = toX, .y = 60});
+    }
+    std::vector<u16> pixels(double seconds = 0) { return viewer.draw(seconds).pixels; }
+    bool titleHas(const char* words) const { return viewer.title().find(words) != std::string::npos; }
+};
+
+// Gives the events that it was made with, one for each frame, and counts what is shown.
+struct MadeUpWindow : Window {
+    std::deque<WindowEvent> events;
+    int shown = 0, fullScreens = 0;
+    std::string titleShown;
+    bool given = false;
+
+    std::optional<WindowEvent> nextEvent() override
+    {
+        given = !given;
+        if (!given || events.empty()) return std::nullopt;
+        const WindowEvent event = events.front();
+        events.pop_front();
+        return event;
+    }
+    void show(const FrameBuffer&) override { ++shown; }
+    void setTitle(const std::string& title) override { titleShown = title; }
+    void switchFullScreen() override { ++fullScreens; }
+    void wait(int) override {}
+};
+
+} // namespace
+
+TEST_CASE("the scene moves as time goes by, and the space bar stops it")
+{
+    Hand hand;
+    const auto first = hand.pixels(), later = hand.pixels(1);
+    CHECK((first != later));
+    hand.press(' ');
+    CHECK((hand.pixels(1) == later));
+    hand.press(' ');
+    CHECK((hand.pixels(1) != later));
+    CHECK(hand.titleHas("room: lit, 160x120 in 5-6-5, "));
+}
+
+TEST_CASE("dragging and the arrow keys turn the camera, and back again")
+{
+    Hand hand;
+    hand.press(' ');
+    const auto before = hand.pixels();
+    hand.press(Key::left);
+    CHECK((hand.pixels() != before));
+    hand.press(Key::right);
+    hand.press(Key::up);
+    CHECK((hand.pixels() != before));
+    for (int i = 0; i < 100; ++i) hand.press(Key::up); // never over the pole
+    CHECK((hand.pixels() != before));
+
+    Hand other;
+    other.press(' ');
+    other.drag(80, 120);
+    CHECK((other.pixels() != before));
+}
+
+TEST_CASE("the wheel and plus and minus bring the camera nearer and farther")
+{
+    Hand hand;
+    hand.press(' ');
+    const auto before = hand.pixels();
+    hand.viewer.handle({.kind = Kind::wheel, .steps = 2});
+    const auto nearer = hand.pixels();
+    CHECK((nearer != before));
+    hand.press('-');
+    hand.press('-');
+    hand.press('+');
+    CHECK((hand.pixels() != nearer));
+    hand.viewer.handle({.kind = Kind::wheel, .steps = 1000}); // never through the target
+    CHECK(hand.pixels().size() == before.size());
+}
+
+TEST_CASE("a click says what is there and marks it, and a drag picks nothing")
+{
+    Hand hand;
+    hand.press(' ');
+    const auto before = hand.pixels();
+    hand.drag(80, 81); // no farther than a hand trembles
+    CHECK(hand.titleHas(" - '"));
+    CHECK(hand.titleHas("material '"));
+    CHECK((hand.pixels() != before));
+
+    Hand other;
+    other.drag(80, 120);
+    CHECK(!other.titleHas(" - "));
+    other.click(500, 500); // outside
+    CHECK(!other.titleHas(" - "));
+}
+
+TEST_CASE("keys choose how the scene is drawn, from the same place, and tab goes through the scenes")
+{
+    Hand hand;
+    hand.press(' ');
+    const auto lit = hand.pixels();
+    hand.press('0');
+    CHECK(hand.titleHas("unlit, 16-bit maps"));
+    CHECK((hand.pixels() != lit));
+    hand.press('t');
+    CHECK(hand.titleHas("unlit, 256 colours"));
+    hand.press('f');
+    CHECK(hand.titleHas("5-5-5"));
+    hand.press('f');
+    hand.press('t');
+    hand.press('1');
+    CHECK((hand.pixels() == lit));
+    hand.press(Key::tab);
+    CHECK(hand.titleHas("robots: "));
+    hand.press(Key::tab);
+    CHECK(hand.titleHas("particles: "));
+    hand.press(Key::tab);
+    CHECK(hand.titleHas("room: "));
+}
+
+TEST_CASE("the frame takes the window's size, within what a frame may have")
+{
+    Hand hand;
+    hand.viewer.handle({.kind = Kind::resize, .x = 333, .y = 77});
+    CHECK(hand.viewer.draw(0).width == 333);
+    CHECK(hand.viewer.draw(0).height == 77);
+    hand.viewer.handle({.kind = Kind::resize, .x = 1, .y = 100000});
+    CHECK(hand.viewer.draw(0).width == 16);
+    CHECK(hand.viewer.draw(0).height == 4096);
+}
+
+TEST_CASE("a window shows frames until it is closed, by its cross, by q or by Escape")
+{
+    for (const WindowEvent& end : {WindowEvent{.kind = Kind::close}, WindowEvent{.kind = Kind::letter, .letter = 'q'},
+                                   WindowEvent{.kind = Kind::key, .key = Key::escape}}) {
+        Hand hand;
+        MadeUpWindow window;
+        window.events = {{.kind = Kind::key, .key = Key::fullScreen}, {.kind = Kind::letter, .letter = 'x'}, end};
+        showInWindow(hand.viewer, window);
+        CHECK(window.events.empty());
+        CHECK(window.shown == 3);
+        CHECK(window.fullScreens == 1);
+        CHECK(window.titleShown.starts_with("room: "));
+    }
+}
