@@ -116,6 +116,8 @@ add_test(NAME check_behaviours COMMAND ${tools}/check_behaviours)
 add_test(NAME check_records COMMAND ${tools}/list_records --check)
 add_test(NAME check_c_names COMMAND ${tools}/write_c_names --check)
 add_test(NAME check_words COMMAND ${tools}/check_words)
+add_test(NAME check_documents COMMAND ${tools}/check_documents ${CMAKE_BINARY_DIR} "${host_compiler_C}")
+set_tests_properties(check_documents PROPERTIES RESOURCE_LOCK build_folder)
 add_test(NAME check_format COMMAND ${tools}/check_format --any-width docs/records.json
     --any-width page/package-lock.json)
 add_test(NAME check_tools COMMAND python3 -B -m unittest discover -s ${PROJECT_SOURCE_DIR}/tests/tools -p "*_test.py")

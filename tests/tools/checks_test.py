@@ -262,5 +262,45 @@ class CheckBehaviours(ToolTest):
         self.assertEqual(self.check("nothing").returncode, 1)
 
 
+class CheckDocuments(ToolTest):
+    def check(self, guide):
+        self.write("README.md", "# Top\n\n<!-- checked -->\n```sh\ntest -d build/linux-i386/\n```\n")
+        self.write("docs/host_guide.md", f"# A guide\n\n{guide}\n")
+        self.write("build/somewhere/library", "")
+        if not (self.folder / "include").exists():
+            (self.folder / "include").symlink_to(TOP / "include")
+        return self.run_tool("check_documents", self.folder / "build/somewhere", "gcc", self.folder)
+
+    def test_blocks_that_work_pass(self):
+        block = "<!-- checked -->\n```c\n/* a line */\nmaterial->shininess = 50;\n```"
+        run = self.check(block)
+        self.assert_passes(run)
+        self.assertIn("2 blocks checked", run.stdout)
+
+    def test_a_command_that_fails_is_found(self):
+        self.assert_fails(self.check("<!-- checked -->\n```sh\nfalse\ntrue\n```"), "docs/host_guide.md:5: ")
+
+    def test_c_that_does_not_compile_is_found(self):
+        self.assert_fails(self.check("<!-- checked -->\n```c\nmaterial->shine = 50;\n```"), "docs/host_guide.md:5: ")
+
+    def test_a_mark_without_a_block_is_found(self):
+        self.assert_fails(self.check("<!-- checked -->\n\n```sh\ntrue\n```"), "a mark has no block")
+
+    def test_what_is_not_marked_is_left_alone(self):
+        self.assert_passes(self.check("```sh\nfalse\n```"))
+
+    def test_links_lead_to_files_and_headings(self):
+        self.assert_passes(self.check("[a](../README.md) [b](../README.md#top) [c](#a-guide) [d](https://there.is/no)"))
+        self.assert_fails(self.check("[a](gone.md)"), "docs/host_guide.md: ", "gone.md")
+        self.assert_fails(self.check("[a](../README.md#gone)"), "../README.md#gone")
+        self.assert_fails(self.check("[a](#gone)"), "#gone")
+
+    def test_documents_without_a_block_are_no_success(self):
+        self.write("README.md", "# Top\n")
+        self.write("docs/host_guide.md", "# A guide\n")
+        self.write("build/somewhere/library", "")
+        self.assertEqual(self.run_tool("check_documents", self.folder / "build", "gcc", self.folder).returncode, 1)
+
+
 if __name__ == "__main__":
     unittest.main()
