@@ -92,7 +92,7 @@ inline void addSide(const DrawnRectangle& drawn, u32 side, const CornerPlace& a,
     edge.x =
         wrappingSum(truncated(top.x * fixedOne), wrappingProduct(edge.xStep, wrappingDifference(rows.start, top.y)));
     edge.side = side | (down ? ScanEdge::enters : 0);
-    edge.lastRow = rows.end - 1;
+    edge.lastRow = wrappingDifference(rows.end, 1);
 
     // Whether a side makes an edge is hard to predict: what makes none is written where nobody reads it.
     ScanEdge unused;
