@@ -205,7 +205,7 @@ EXPORTED(inspect) const char* inspect(double phase)
         if (face.fate == FaceFate::recorded && face.cut) ++cut;
         if (face.list >= 0) ++lists[face.list];
     }
-    const FrameCounts& counts = frameParts().counts();
+    const page::FrameCounts& counts = frameParts().counts();
     JsonText json;
     json.beginObject().field("objects", record.objectsPrepared).field("facesTested", i32(record.faces.size()));
     json.field("facesHidden", fates[int(FaceFate::hidden)]).field("facesOutside", fates[int(FaceFate::outside)]);
