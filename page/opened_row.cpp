@@ -4,7 +4,6 @@
 #include "spanbuffer/depth_plane.h"
 #include "spanbuffer/span_pool.h"
 #include "support/arithmetic.h"
-#include "support/reciprocals.h"
 
 #include <algorithm>
 #include <map>
@@ -37,7 +36,7 @@ void addEdges(const StoredPolygon& polygon, i32 number, i32 rowsEnd, std::vector
         const CornerPlace& top = dy > 0 ? a : b;
         RowEdge edge{truncated(top.x * 65536.0), 0, number, dy > 0, rows.start, rows.end - 1};
         if (dy != 1 && dy != -1) {
-            edge.xStep = truncated(((f64(b.x) - a.x) * 65536.0) * reciprocal(dy));
+            edge.xStep = truncated(((f64(b.x) - a.x) * 65536.0) * (1.0 / dy));
             edge.x = wrappingSum(edge.x, wrappingProduct(edge.xStep, wrappingDifference(rows.start, top.y)));
         }
         edges.push_back(edge);
