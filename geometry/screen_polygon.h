@@ -1,6 +1,6 @@
-// A screen polygon is one visible face of the frame. It holds the clipped outline in one array per vertex attribute,
-// the plane of inverse depth, and what the span buffer and the fillers note about the polygon. Its size is fixed, so a
-// vertex is reached by its index and no polygon needs an allocation of its own.
+// A screen polygon is the working form of a face: the clippers rewrite its outline in place, which lies in one array
+// per vertex attribute, and the plain fillers read it. Its size is fixed, so a vertex is reached by its index and no
+// polygon needs an allocation of its own. What a list keeps of it is a StoredPolygon.
 #pragma once
 
 #include "kardeno_soft/host_records.h"
@@ -37,12 +37,14 @@ struct ScreenPolygon {
     f32 invDepthStepX;
     f32 invDepthStepY;
     f32 invDepthOrigin;
-    ScreenPolygon* above; // nearer neighbour in the depth stack of the current scanline
-    ScreenPolygon* below; // farther neighbour
-    i32 activeCount;      // entering minus leaving edges that the walk has passed on the current scanline
-    i32 engineWord;       // column at which the current visible run began
-    i32 occludes;         // 1 when the polygon hides what lies farther; 0 when it is see-through
-    i32 engineFlag;       // in the depth stack: 1 while the polygon is visible, that is, has an open run
+    // The places of what the scanline resolver notes about a polygon. It keeps its notes in a PolygonState of the span
+    // buffer; emission sets the values that a polygon begins with.
+    ScreenPolygon* above;
+    ScreenPolygon* below;
+    i32 activeCount;
+    i32 engineWord;
+    i32 occludes; // 1 when the polygon hides what lies farther; 0 when it is see-through
+    i32 engineFlag;
 };
 KARDENO_SIZE(ScreenPolygon, 1024, 1040);
 KARDENO_OFFSET(ScreenPolygon, vertexCount, 0, 0);
@@ -77,12 +79,5 @@ KARDENO_OFFSET(ScreenPolygon, activeCount, 1008, 1024);
 KARDENO_OFFSET(ScreenPolygon, engineWord, 1012, 1028);
 KARDENO_OFFSET(ScreenPolygon, occludes, 1016, 1032);
 KARDENO_OFFSET(ScreenPolygon, engineFlag, 1020, 1036);
-
-// Returns the inverse depth of the polygon's plane at a screen point, in full precision. A larger value is nearer.
-inline f64 planeDepth(const ScreenPolygon& polygon, f32 x, f32 y)
-{
-    return static_cast<f64>(polygon.invDepthStepX) * x + static_cast<f64>(polygon.invDepthStepY) * y
-           + polygon.invDepthOrigin;
-}
 
 } // namespace kardeno

@@ -236,7 +236,9 @@ TEST_CASE("the depth plane comes from the face's normal and first vertex")
     CHECK(record->invDepthStepY == -0.03125f); // -(1/4 x 1/4 x 1/2)
     CHECK(record->invDepthOrigin == -0.625f);  // ((2 x 1/2 + 1/2) - 4 x 1) x 1/4
     // At the first corner's pixel it is that corner's inverse depth.
-    CHECK(planeDepth(*record, record->screenX[0], record->screenY[0]) == 0.25);
+    const f64 depth = static_cast<f64>(record->invDepthStepX) * record->screenX[0]
+                      + static_cast<f64>(record->invDepthStepY) * record->screenY[0] + record->invDepthOrigin;
+    CHECK(depth == 0.25);
 }
 
 TEST_CASE("the depth plane is that of the face, not of its clipped outline")
