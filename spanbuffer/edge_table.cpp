@@ -82,6 +82,7 @@ void ResetEdgeTable(const DrawnRectangle& drawn)
 inline void addSide(const DrawnRectangle& drawn, u32 side, const CornerPlace& a, const CornerPlace& b)
 {
     const SideRows rows = rowsOfSide(a.y, b.y, drawn.top, drawn.bottom);
+    if (!rows.makesEdge) return;
     const bool down = wrappingDifference(b.y, a.y) > 0;
     const CornerPlace& top = down ? a : b;
     const CornerPlace& bottom = down ? b : a;
@@ -92,13 +93,8 @@ inline void addSide(const DrawnRectangle& drawn, u32 side, const CornerPlace& a,
     edge.x =
         wrappingSum(truncated(top.x * fixedOne), wrappingProduct(edge.xStep, wrappingDifference(rows.start, top.y)));
     edge.side = side | (down ? ScanEdge::enters : 0);
-    edge.lastRow = wrappingDifference(rows.end, 1);
-
-    // Whether a side makes an edge is hard to predict: what makes none is written where nobody reads it.
-    ScanEdge unused;
-    u32& next = nextEdgeOf(static_cast<u32>(rows.start) % scanlineCount);
-    *(rows.makesEdge ? EdgePool.edges + next : &unused) = edge;
-    next += rows.makesEdge ? 1 : 0;
+    edge.lastRow = rows.end - 1;
+    EdgePool.edges[nextEdgeOf(static_cast<u32>(rows.start))++] = edge;
 }
 
 // Adds the sides of a triangle, all three at once. Its corners must lie between the rows of the rectangle, so that no
