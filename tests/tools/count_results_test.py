@@ -8,6 +8,17 @@ SUMMARY = """[doctest] test cases: 3 | 3 passed | 0 failed | 0 skipped
 [doctest] Status: SUCCESS!
 """
 
+NODE_SUMMARY = """✔ the page opens (12.5ms)
+ℹ tests 4
+ℹ suites 0
+ℹ pass 4
+ℹ fail 0
+ℹ cancelled 0
+ℹ skipped 0
+ℹ todo 0
+ℹ duration_ms 124.1
+"""
+
 
 def log(*entries, announced=None):
     """CTest's log of some entries, each a name, what it printed, and perhaps its command."""
@@ -35,6 +46,23 @@ class CountResults(ToolTest):
     def test_a_doctest_program_counts_with_its_cases_and_another_entry_as_one(self):
         run = self.count(log(("tests_raster", SUMMARY), ("check_exports", "")))
         self.assert_counts(run, 4, 0)
+
+    def test_a_file_of_node_tests_counts_with_its_cases(self):
+        self.assert_counts(self.count(log(("tests_page_access", NODE_SUMMARY), ("check_exports", ""))), 5, 0)
+
+    def test_node_tests_that_failed_were_cancelled_or_left_out_have_failed(self):
+        for name, said in (("fail", "failed"), ("cancelled", "cancelled"), ("skipped", "skipped"),
+                           ("todo", "still to do")):
+            text = NODE_SUMMARY.replace("pass 4", "pass 3").replace(f"{name} 0", f"{name} 1")
+            self.assert_counts(self.count(log(("tests_page_access", text))), 3, 1, f"1 {said}")
+
+    def test_node_tests_without_their_whole_summary_have_failed(self):
+        text = NODE_SUMMARY.split("ℹ fail")[0]
+        self.assert_counts(self.count(log(("tests_page_access", text))), 0, 1, "stopped before its summary")
+
+    def test_a_file_of_no_node_tests_is_a_failure(self):
+        text = NODE_SUMMARY.replace("tests 4", "tests 0").replace("pass 4", "pass 0")
+        self.assert_counts(self.count(log(("tests_page_access", text))), 0, 1, "checks nothing")
 
     def test_a_build_has_one_line_with_its_seconds_before_the_sum(self):
         run = self.count(log(("tests_raster", SUMMARY)), call="one:83:complete")
