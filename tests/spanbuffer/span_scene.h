@@ -123,7 +123,7 @@ public:
         for (ScreenPolygon& polygon : polygons) polygon.spanHead = -1;
         if (!buildEdgeTable()) return;
         resetSpanPool();
-        ResolveScanlines(host.context(), drawn(), view.record.top);
+        ResolveScanlines(host.context(), drawn(), view.record.top, alikeRows);
         for (size_t i = 0; i < polygons.size(); ++i) {
             const PolygonState& state = stateAt(stateOf(i));
             if (state.spanCount > 0) polygons[i].spanHead = static_cast<i32>(state.firstSpan);
@@ -134,6 +134,7 @@ public:
     StateOffset stateOf(size_t i) const { return stored[i] ? stored[i]->state : unseenState; }
 
     std::deque<ScreenPolygon> polygons;
+    AlikeRows alikeRows = AlikeRows::byNotes;
 
 private:
     std::vector<u8> block;
