@@ -124,8 +124,7 @@ inline __attribute__((always_inline)) StateOffset DepthStack::placeFor(const Sca
 {
     StateOffset under = top();
     if (under == BackgroundPolygon) return under;
-    // Intended: depths are compared one whole pixel right of the edge, not at it.
-    const SamplePoint point(stored(edge.x / 65536.0 + 1.0), y);
+    const SamplePoint point(sampleColumn(edge.x), y);
     // Intended: only the entering polygon's depth is rounded. On equal depth the one entered last lies nearer.
     const f64 depth = stored(point.depthOf(at(edge.polygon())));
     while (point.depthOf(at(under)) > depth) {

@@ -46,3 +46,24 @@ TEST_CASE("both forms of the depth of a plane are the same to the last bit")
         CHECK((used == plain || (used != used && plain != plain)));
     });
 }
+
+TEST_CASE("the sample lies one pixel right of the edge, rounded to single precision")
+{
+    CHECK(sampleColumn(0) == 1);
+    CHECK(sampleColumn(-65536) == 0);
+    CHECK(sampleColumn(98304) == 2.5f); // an edge at 1.5
+    // 301.99998474 has a bit too many and becomes 302.
+    CHECK(sampleColumn(300 * 65536 + 65535) == 302);
+    CHECK(sampleColumn(2147483647) == 32769);
+    CHECK(sampleColumn(-2147483647 - 1) == -32767);
+}
+
+TEST_CASE("both forms of the sample's column are the same")
+{
+    for (const i32 edgeX : {2147418111, 2147418112, 2147483646, -65535, -65537, 1, -1})
+        CHECK(sampleColumn(edgeX) == sampleColumnPlain(edgeX));
+    forEachSeed(200000, [](u32 seed) {
+        const i32 edgeX = std::bit_cast<i32>(static_cast<u32>(std::mt19937(seed)())) >> seed % 16;
+        REQUIRE(sampleColumn(edgeX) == sampleColumnPlain(edgeX));
+    });
+}
