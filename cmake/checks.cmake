@@ -111,6 +111,8 @@ add_test(NAME check_packages_sources
     COMMAND ${tools}/check_packages sources ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/sources
         "${CMAKE_TOOLCHAIN_FILE}")
 
+add_compiling_check(check_reference reference)
+add_test(NAME check_links COMMAND ${tools}/check_links ${PROJECT_SOURCE_DIR})
 add_test(NAME check_includes COMMAND ${tools}/check_includes)
 add_test(NAME check_behaviours COMMAND ${tools}/check_behaviours)
 add_test(NAME check_records COMMAND ${tools}/list_records --check)

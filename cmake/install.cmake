@@ -27,9 +27,19 @@ if(WIN32)
     install(FILES ${PROJECT_BINARY_DIR}/kardeno_soft.def DESTINATION ${CMAKE_INSTALL_LIBDIR})
 endif()
 
-# Documents and examples stand to each other as they do in the sources, where they name each other.
+# Documents and examples stand to each other as they do in the sources, where they name each other. Links of the guide
+# to headers lead to the installed ones, and what is not installed is named without a link.
+file(RELATIVE_PATH guide_to_headers /prefix/${CMAKE_INSTALL_DOCDIR}/docs /prefix/${CMAKE_INSTALL_INCLUDEDIR})
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/host_guide.md)
+file(READ ${PROJECT_SOURCE_DIR}/docs/host_guide.md guide)
+string(REPLACE "](../include/" "](${guide_to_headers}/" guide "${guide}")
+string(REGEX REPLACE "\\[([^]]*)\\]\\((\\.\\./sample_host|performance\\.md)\\)" "\\1" guide "${guide}")
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/host_guide.md CONTENT "${guide}" @ONLY)
 install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES docs/host_guide.md docs/records.md docs/records.json DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+install(FILES ${PROJECT_BINARY_DIR}/host_guide.md docs/records.md docs/records.json
+    DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+install(FILES docs/pictures/camera_space.svg docs/pictures/winding.svg docs/pictures/group_walk.svg
+    DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs/pictures)
 install(FILES examples/turning_cube.c examples/turning_cube.cpp examples/turning_cube.py examples/small_scene.c
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 
