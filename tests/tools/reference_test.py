@@ -9,7 +9,7 @@ HEADER = """/* Records <all of them>.
        code < code; */
 #pragma once
 
-/* What it is. */
+/* What Kardeno_Init_Render_Dll makes. */
 struct Thing {
     u8 gap0[4];
     /* Host: 0: none; Renderer, later: one,
@@ -60,10 +60,13 @@ class ReferenceInput(ToolTest):
         self.assertIn(f"{said}\n\nAt byte 8, with 64-bit pointers 12. */\ni32 b;\n", self.text)
 
     def test_a_record_whose_size_counts_says_it(self):
-        self.assertIn("/** What it is.\n\nSize: 16 bytes. */\nstruct Thing {", self.text)
+        self.assertIn("makes.\n\nSize: 16 bytes. */\nstruct Thing {", self.text)
 
-    def test_a_remark_at_the_end_of_a_line_is_about_that_line(self):
-        self.assertIn("stateLit = 1 /**< with light */\n", self.text)
+    def test_a_remark_at_the_end_of_a_line_is_about_that_line_and_says_the_value_of_a_constant(self):
+        self.assertIn("stateLit = 1 /**< 1: with light */\n", self.text)
+
+    def test_functions_that_a_remark_names_are_links(self):
+        self.assertIn("/** What Kardeno_Init_Render_Dll() makes.\n\nSize", self.text)
 
     def test_functions_share_the_only_remark_of_their_paragraph(self):
         self.assertIn("zero(void);\nKARDENO_EXPORT i32 KARDENO_CALL nought(void);\n/** Does more. */\n", self.text)
