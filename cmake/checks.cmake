@@ -124,7 +124,11 @@ add_test(NAME check_packages_sources
     COMMAND ${tools}/check_packages sources ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/sources
         "${CMAKE_TOOLCHAIN_FILE}")
 
-add_compiling_check(check_reference reference)
+set(reference_warnings FAIL_ON_WARNINGS)
+set(reference_output ${PROJECT_BINARY_DIR}/checked_reference)
+configure_file(${PROJECT_SOURCE_DIR}/docs/reference/Doxyfile.in ${reference_output}/Doxyfile @ONLY)
+add_test(NAME check_reference
+    COMMAND ${tools}/make_reference ${reference_output}/Doxyfile ${reference_output}/reference)
 add_test(NAME check_links COMMAND ${tools}/check_links ${PROJECT_SOURCE_DIR})
 add_test(NAME check_includes COMMAND ${tools}/check_includes)
 add_test(NAME check_behaviours COMMAND ${tools}/check_behaviours)

@@ -87,7 +87,7 @@ class MakeReference(ToolTest):
         sources = self.folder / "sources"
         doxyfile = (sources / "docs/reference/Doxyfile.in").read_text()
         for name, value in (("PROJECT_VERSION", "1.0"), ("PROJECT_SOURCE_DIR", sources),
-                            ("CMAKE_BINARY_DIR", self.folder)):
+                            ("reference_output", self.folder), ("reference_warnings", "FAIL_ON_WARNINGS")):
             doxyfile = doxyfile.replace(f"@{name}@", str(value))
         return self.run_tool("make_reference", self.write("Doxyfile", doxyfile), self.folder / "reference")
 
