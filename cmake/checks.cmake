@@ -98,9 +98,22 @@ if(NOT KARDENO_SANITIZED)
         COMMAND ${tools}/check_packages installed ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/installed
             "${CMAKE_TOOLCHAIN_FILE}" "${compile_and_link}" ${CMAKE_CROSSCOMPILING_EMULATOR})
     set_tests_properties(check_packages_installed PROPERTIES FIXTURES_REQUIRED emulator)
+    if(WIN32)
+        add_test(NAME check_packages_vendors_tools
+            COMMAND ${tools}/check_packages vendors_tools ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/vendors_tools
+                ${CMAKE_CROSSCOMPILING_EMULATOR})
+        set_tests_properties(check_packages_vendors_tools PROPERTIES FIXTURES_REQUIRED emulator)
+    endif()
     add_test(NAME check_packages_archives
         COMMAND ${tools}/check_packages archives ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/archives)
     set_tests_properties(check_packages_archives PROPERTIES RESOURCE_LOCK build_folder)
+    # The builds of 32 bits stand for the others, and for both kinds of archives.
+    if(CMAKE_BUILD_TYPE STREQUAL "Release" AND CMAKE_SYSTEM_PROCESSOR MATCHES "^i[3-6]86$")
+        add_test(NAME check_packages_archives_of_two_builds
+            COMMAND ${tools}/check_packages archives_of_two_builds ${CMAKE_BINARY_DIR}
+                ${CMAKE_BINARY_DIR}/packages/archives_of_two_builds "${CMAKE_TOOLCHAIN_FILE}")
+        set_tests_properties(check_packages_archives_of_two_builds PROPERTIES RESOURCE_LOCK build_folder)
+    endif()
 endif()
 
 if(NOT KARDENO_SOURCE_CHECKS)
@@ -111,6 +124,12 @@ add_test(NAME check_packages_sources
     COMMAND ${tools}/check_packages sources ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/sources
         "${CMAKE_TOOLCHAIN_FILE}")
 
+set(reference_warnings FAIL_ON_WARNINGS)
+set(reference_output ${PROJECT_BINARY_DIR}/checked_reference)
+configure_file(${PROJECT_SOURCE_DIR}/docs/reference/Doxyfile.in ${reference_output}/Doxyfile @ONLY)
+add_test(NAME check_reference
+    COMMAND ${tools}/make_reference ${reference_output}/Doxyfile ${reference_output}/reference)
+add_test(NAME check_links COMMAND ${tools}/check_links ${PROJECT_SOURCE_DIR})
 add_test(NAME check_includes COMMAND ${tools}/check_includes)
 add_test(NAME check_behaviours COMMAND ${tools}/check_behaviours)
 add_test(NAME check_records COMMAND ${tools}/list_records --check)

@@ -4,32 +4,62 @@ set(CMAKE_INSTALL_LIBDIR lib CACHE STRING "Folder of libraries below the prefix"
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
+# Everything that is built in order to be installed, and nothing else.
+add_custom_target(installed_files DEPENDS kardeno_soft)
+
 install(TARGETS kardeno_soft EXPORT kardeno_soft)
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/kardeno_soft DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 # find_package(kardeno_soft) gives the target kardeno_soft::kardeno_soft.
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/kardeno_soft)
-install(EXPORT kardeno_soft NAMESPACE kardeno_soft:: DESTINATION ${package_folder} FILE kardeno_softConfig.cmake)
+install(EXPORT kardeno_soft NAMESPACE kardeno_soft:: DESTINATION ${package_folder} FILE kardeno_softTargets.cmake)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/kardeno_softConfigVersion.cmake
     COMPATIBILITY SameMajorVersion)
-install(FILES ${PROJECT_BINARY_DIR}/kardeno_softConfigVersion.cmake DESTINATION ${package_folder})
+install(FILES ${PROJECT_SOURCE_DIR}/cmake/kardeno_softConfig.cmake
+    ${PROJECT_BINARY_DIR}/kardeno_softConfigVersion.cmake DESTINATION ${package_folder})
 
 file(RELATIVE_PATH pc_to_prefix /prefix/${CMAKE_INSTALL_LIBDIR}/pkgconfig /prefix)
 configure_file(${PROJECT_SOURCE_DIR}/cmake/kardeno_soft.pc.in ${PROJECT_BINARY_DIR}/kardeno_soft.pc @ONLY)
 install(FILES ${PROJECT_BINARY_DIR}/kardeno_soft.pc DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 
 if(WIN32)
-    # For the vendor's tools, which make an import library of their own form from it: lib /def:kardeno_soft.def
+    # For the vendor's tools: an import library of their form, and the list of names that it is made from. On 32-bit x86
+    # the C names have an underscore, in the library as in objects, and the names that the DLL exports have none.
     file(STRINGS ${PROJECT_SOURCE_DIR}/tools/exports.txt names)
     list(JOIN names "\n    " names)
     file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/kardeno_soft.def
         CONTENT "LIBRARY kardeno_soft.dll\nEXPORTS\n    ${names}\n")
     install(FILES ${PROJECT_BINARY_DIR}/kardeno_soft.def DESTINATION ${CMAKE_INSTALL_LIBDIR})
+
+    find_program(llvm_dlltool NAMES llvm-dlltool-14 llvm-dlltool)
+    mark_as_advanced(llvm_dlltool)
+    if(llvm_dlltool)
+        set(import_library ${PROJECT_BINARY_DIR}/kardeno_soft.lib)
+        set(machine_of_4 i386)
+        set(machine_of_8 i386:x86-64)
+        add_custom_command(OUTPUT ${import_library}
+            COMMAND ${llvm_dlltool} -m ${machine_of_${CMAKE_SIZEOF_VOID_P}} -d ${PROJECT_BINARY_DIR}/kardeno_soft.def
+                -D kardeno_soft.dll -l ${import_library}
+            DEPENDS ${PROJECT_BINARY_DIR}/kardeno_soft.def VERBATIM)
+        add_custom_target(import_library ALL DEPENDS ${import_library})
+        add_dependencies(installed_files import_library)
+        install(FILES ${import_library} DESTINATION ${CMAKE_INSTALL_LIBDIR})
+    endif()
 endif()
 
-# Documents and examples stand to each other as they do in the sources, where they name each other.
+# Documents and examples stand to each other as they do in the sources, where they name each other. Links of the guide
+# to headers lead to the installed ones, and what is not installed is named without a link.
+file(RELATIVE_PATH guide_to_headers /prefix/${CMAKE_INSTALL_DOCDIR}/docs /prefix/${CMAKE_INSTALL_INCLUDEDIR})
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/host_guide.md)
+file(READ ${PROJECT_SOURCE_DIR}/docs/host_guide.md guide)
+string(REPLACE "](../include/" "](${guide_to_headers}/" guide "${guide}")
+string(REGEX REPLACE "\\[([^]]*)\\]\\((\\.\\./sample_host|performance\\.md)\\)" "\\1" guide "${guide}")
+file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/host_guide.md CONTENT "${guide}" @ONLY)
 install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES docs/host_guide.md docs/records.md docs/records.json DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+install(FILES ${PROJECT_BINARY_DIR}/host_guide.md docs/records.md docs/records.json
+    DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+install(FILES docs/pictures/camera_space.svg docs/pictures/winding.svg docs/pictures/group_walk.svg
+    DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs/pictures)
 install(FILES examples/turning_cube.c examples/turning_cube.cpp examples/turning_cube.py examples/small_scene.c
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 

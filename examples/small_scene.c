@@ -74,30 +74,19 @@ static uint32_t outcode(const KardenoRenderView* view, const KardenoCameraVertex
 
 /* What the renderer asks of its host. Nothing moves here, so there is little to answer. */
 
-static void KARDENO_CALL prepareCamera(KardenoSceneCamera* camera, KardenoRenderView* view)
-{
-    (void)camera, (void)view;
-}
+static void KARDENO_CALL prepareCamera(KardenoSceneCamera* camera, KardenoRenderView* view) {}
 
-static void KARDENO_CALL update(KardenoSceneObject* object)
-{
-    (void)object;
-}
+static void KARDENO_CALL update(KardenoSceneObject* object) {}
 
-static void KARDENO_CALL transform(KardenoSceneObject* object, KardenoRenderView* view)
-{
-    (void)object, (void)view;
-}
+static void KARDENO_CALL transform(KardenoSceneObject* object, KardenoRenderView* view) {}
 
 static KardenoSceneObject* KARDENO_CALL selectLevel(KardenoSceneObject* object, KardenoRenderView* view)
 {
-    (void)view;
     return object;
 }
 
 static void KARDENO_CALL testBounds(KardenoSceneObject* drawn, KardenoSceneObject* object, KardenoRenderView* view)
 {
-    (void)drawn, (void)view;
     object->visible = 1;
 }
 
@@ -105,7 +94,6 @@ static void KARDENO_CALL testBounds(KardenoSceneObject* drawn, KardenoSceneObjec
 static void KARDENO_CALL light(KardenoSceneObject* drawn, KardenoSceneObject* object, KardenoRenderView* view)
 {
     const Thing* thing = (const Thing*)drawn;
-    (void)object, (void)view;
     for (int side = 0; side < drawn->faceCount; ++side) {
         const double* normal = axes[side][0];
         const double facing = (6 * normal[1] - 2 * normal[0] - 3 * normal[2]) / 7;
@@ -118,7 +106,6 @@ static void KARDENO_CALL light(KardenoSceneObject* drawn, KardenoSceneObject* ob
 static void KARDENO_CALL prepareVertices(KardenoSceneObject* drawn, KardenoSceneObject* object, KardenoRenderView* view)
 {
     Thing* thing = (Thing*)drawn;
-    (void)object;
     for (int side = 0; side < drawn->faceCount; ++side) {
         KardenoCameraVertex* v = &cameraVertices[thing->firstVertex + 4 * side];
         KardenoSceneFace* face = &thing->faces[side];

@@ -139,7 +139,7 @@ public:
         objectClass = &class_;
 
         functions_.update = [](SceneObject* object) { static_cast<Cube*>(object)->turnOn(); };
-        functions_.transform = [](SceneObject*, RenderView*) {};
+        functions_.transform = [](SceneObject* object, RenderView*) { static_cast<Cube*>(object)->turnNormals(); };
         functions_.selectLevel = [](SceneObject* object, RenderView*) { return object; };
         functions_.testBounds = [](SceneObject*, SceneObject* object, RenderView*) { object->visible = 1; };
         functions_.light = [](SceneObject*, SceneObject* object, RenderView*) { static_cast<Cube*>(object)->light(); };
@@ -170,14 +170,18 @@ private:
         sine_ = 0.8 * sine_ + 0.6 * before;
     }
 
+    void turnNormals()
+    {
+        for (std::size_t side = 0; side < sides; ++side) normals_[side] = turned(cubeSides[side].normal);
+    }
+
     // The light comes from the upper left, from where the eye is.
     void light()
     {
-        for (std::size_t side = 0; side < sides; ++side) {
-            const Vector normal = turned(cubeSides[side].normal);
+        for (std::size_t i = 0; i < 4 * sides; ++i) {
+            const Vector& normal = normals_[i / 4];
             const double facing = (3 * normal.y - 2 * normal.x - 6 * normal.z) / 7;
-            for (std::size_t corner = 0; corner < 4; ++corner)
-                context_.shades[4 * side + corner].intensity = f32(facing > 0 ? 50 + 150 * facing : 50);
+            context_.shades[i].intensity = f32(facing > 0 ? 50 + 150 * facing : 50);
         }
     }
 
@@ -193,13 +197,12 @@ private:
                 context_.camera[4 * side + corner] = {f32(place.x), f32(place.y), f32(place.z + 3)};
                 context_.outcodes[4 * side + corner] = outcodeAll; // as the whole cube is in view
             }
-            const Vector seen = turned(normal);
             const CameraVertex& first = context_.camera[4 * side];
             Face& face = faceRecords[side];
-            face.normalX = f32(seen.x);
-            face.normalY = f32(seen.y);
-            face.normalZ = f32(seen.z);
-            face.isSeen = seen.x * first.x + seen.y * first.y + seen.z * first.z < 0;
+            face.normalX = f32(normals_[side].x);
+            face.normalY = f32(normals_[side].y);
+            face.normalZ = f32(normals_[side].z);
+            face.isSeen = face.normalX * first.x + face.normalY * first.y + face.normalZ * first.z < 0;
         }
     }
 
@@ -209,6 +212,7 @@ private:
     ObjectClass class_{};
     FaceTest faceTest_{};
     std::array<SceneFace*, sides> facePointers_{};
+    std::array<Vector, sides> normals_{};
     i32 indices_[sides][4];
     double cosine_ = 1, sine_ = 0;
 };

@@ -133,9 +133,11 @@ class Host:
     def test_bounds(self, _drawn, cube, _view):
         self.b.types["SceneObject"].from_address(cube).visible = 1
 
+    def transform(self, _cube, _view):
+        self.normals = [self.turn(normal) for normal, _, _ in AXES]
+
     def light(self, _drawn, _cube, _view):
-        for side, (normal, _, _) in enumerate(AXES):
-            n = self.turn(normal)
+        for side, n in enumerate(self.normals):
             facing = (3 * n[1] - 2 * n[0] - 6 * n[2]) / 7
             for corner in range(4):
                 self.shades[4 * side + corner].intensity = 50 + 150 * facing if facing > 0 else 50
@@ -147,7 +149,7 @@ class Host:
                 vertex = self.camera_vertices[4 * side + corner]
                 vertex.x, vertex.y, vertex.z = place[0], place[1], place[2] + 3
             face = self.faces[side]
-            face.normalX, face.normalY, face.normalZ = self.turn(normal)
+            face.normalX, face.normalY, face.normalZ = self.normals[side]
 
     def test_face(self, address):
         face = self.b.types["SceneFace"].from_address(address)
@@ -169,7 +171,7 @@ class Host:
         self.faces = [self.new("SceneFace", vertexCount=4, texCoords=corners, material=self.material,
                                vertexIndices=(ctypes.c_int32 * 4)(*range(4 * side, 4 * side + 4)), faceTest=face_test)
                       for side in range(SIDES)]
-        functions = self.new("ObjectFunctions", update=self.update, transform=lambda _cube, _view: None,
+        functions = self.new("ObjectFunctions", update=self.update, transform=self.transform,
                              selectLevel=lambda cube, _view: cube, testBounds=self.test_bounds, light=self.light,
                              prepareVertices=self.prepare_vertices)
         pointers = (ctypes.c_void_p * SIDES)(*map(ctypes.addressof, self.faces))

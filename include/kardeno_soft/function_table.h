@@ -3,9 +3,8 @@
 
        static int findAll(KardenoFunctions* found, void* library)
        {
-       #define FIND(field, name)                                       \
-           *(void**)&found->field = dlsym(library, #name);             \
-           if (!found->field) return 0;
+       #define FIND(field, name) \
+           if (!(*(void**)&found->field = dlsym(library, #name))) return 0;
            KARDENO_FUNCTIONS(FIND)
        #undef FIND
            return 1;

@@ -98,7 +98,7 @@ enum {
     outcodeRight = 0x08,  /* screen x <= right, or X <= Z */
     outcodeTop = 0x10,    /* screen y >= top, or Y <= Z */
     outcodeBottom = 0x20, /* screen y <= bottom, or Y >= -Z */
-    outcodeAll = 0x3f
+    outcodeAll = 0x3f     /* inside all six planes */
 };
 
 /* The two formats of the frame buffer, as the values of HostContext.bitsPerPixel. */
@@ -171,7 +171,7 @@ struct RenderView {
     u8 gap56[4];
     /* Host: length of a row of the frame buffer, in pixels and not in bytes */
     i32 pitch;
-    /* Host */
+    /* Host: how camera space becomes the screen, and two edges of the drawn rectangle */
     const ViewProjection* projection;
 };
 KARDENO_OFFSET(RenderView, firstObject, 0, 0);
@@ -214,15 +214,17 @@ KARDENO_OFFSET(ViewProjection, invScaleY, 28, 28);
 KARDENO_OFFSET(ViewProjection, centreXOverScaleX, 32, 32);
 KARDENO_OFFSET(ViewProjection, centreYOverScaleY, 36, 36);
 
+/* What the renderer asks of a camera. */
 struct CameraFunctions {
-    /* Host: called before anything else of a frame or a pick */
+    /* Host: called once, before anything else of a frame or a pick; the place to change the view */
     void(KARDENO_CALL* prepare)(SceneCamera* camera, RenderView* view);
 };
 KARDENO_OFFSET(CameraFunctions, prepare, 0, 0);
 
+/* The host's camera, of which the renderer reads nothing but where its function is. */
 struct SceneCamera {
     u8 gap0[92];
-    /* Host */
+    /* Host: the camera's one function */
     const CameraFunctions* functions;
 };
 KARDENO_OFFSET(SceneCamera, functions, 92, 96);
@@ -257,7 +259,7 @@ struct SceneObject {
        parts */
     const i32* groupFlag;
     u8 gap224[4];
-    /* Host */
+    /* Host: the class whose functions are called for the object; many objects may share it */
     ObjectClass* objectClass;
 };
 KARDENO_OFFSET(SceneObject, firstChild, 36, 40);
@@ -285,7 +287,7 @@ KARDENO_OFFSET(MaterialNode, next, 4, 8);
 /* The class of an object, through which the renderer finds the object's functions. */
 struct ObjectClass {
     u8 gap0[108];
-    /* Host */
+    /* Host: the functions of every object of this class */
     const ObjectFunctions* functions;
 };
 KARDENO_OFFSET(ObjectClass, functions, 108, 112);
@@ -318,6 +320,7 @@ KARDENO_OFFSET(ObjectFunctions, testBounds, 24, 40);
 KARDENO_OFFSET(ObjectFunctions, light, 28, 48);
 KARDENO_OFFSET(ObjectFunctions, prepareVertices, 36, 64);
 
+/* The function that a host provides for a face. */
 struct FaceTest {
     /* Host: returns nonzero when the face is to be drawn, for instance because its front is seen */
     i32(KARDENO_CALL* test)(SceneFace* face);
@@ -325,7 +328,10 @@ struct FaceTest {
 KARDENO_OFFSET(FaceTest, test, 0, 0);
 
 /* How many corners a face may have. */
-enum { fewestFaceCorners = 3, mostFaceCorners = 10 };
+enum {
+    fewestFaceCorners = 3, /* a triangle */
+    mostFaceCorners = 10   /* each of the six clip planes may add one more, and there is room for 16 */
+};
 
 /* One convex, flat polygon of an object. It is seen only from the side on which its corners run counter-clockwise on
    the screen. */
@@ -347,7 +353,7 @@ struct SceneFace {
     /* Renderer, when the face is added: a block with a random flat colour in the frame buffer's format, which the host
        may change; 0: the face was not added, or memory was refused, and must not be drawn */
     u16* faceColour;
-    /* Host */
+    /* Host: what decides whether the face is drawn; many faces may share it */
     const FaceTest* faceTest;
 };
 KARDENO_OFFSET(SceneFace, vertexCount, 0, 0);
@@ -360,8 +366,9 @@ KARDENO_OFFSET(SceneFace, normalZ, 48, 64);
 KARDENO_OFFSET(SceneFace, faceColour, 60, 80);
 KARDENO_OFFSET(SceneFace, faceTest, 64, 88);
 
+/* A colour of a material, in the two forms that the renderer reads. */
 struct MaterialColour {
-    /* Host: 0 to 255 */
+    /* Host: 0 to 255; shade ramps are computed from the three */
     u8 red, green, blue;
     u8 gap3;
     /* Host: the same colour in the frame buffer's format; read of the diffuse colour alone */
@@ -373,18 +380,23 @@ KARDENO_OFFSET(MaterialColour, green, 1, 1);
 KARDENO_OFFSET(MaterialColour, blue, 2, 2);
 KARDENO_OFFSET(MaterialColour, packed, 4, 4);
 
-/* The values of SceneMaterial.transparency. Any other one selects a fallback row. */
-enum { transparencyNone = 0, transparencyHalf = 50 };
-
-/* The values of SceneMaterial.shadingMode. Any other one means nothing. */
+/* The values of SceneMaterial.transparency, in percent. Any other one selects a fallback row. */
 enum {
-    shadingPlain = 0,
+    transparencyNone = 0, /* what lies behind is hidden */
+    transparencyHalf = 50 /* the mean of the material and what lies behind */
+};
+
+/* The values of SceneMaterial.shadingMode. Any other one is taken as shadingPlain. */
+enum {
+    shadingPlain = 0,             /* every texel is drawn */
     shadingColourKey = 1,         /* texels of one colour or index are not drawn */
     shadingAdditive = 2,          /* the texels are added to what lies behind */
     shadingBillboardOverAll = 10, /* the same on a square that faces the eye, drawn last and hidden by nothing */
     shadingBillboard = 11         /* the same, hidden by what lies nearer */
 };
 
+/* What faces are made of: colours, a texture map, and how the two are drawn. The host adds it, chooses its render
+   state, and tells the renderer when colours or the palette have changed. */
 struct SceneMaterial {
     u8 gap0[44];
     /* Host: added at every level of the shade ramp of a material without a texture */
@@ -395,13 +407,14 @@ struct SceneMaterial {
     MaterialColour specularColour;
     /* Host: a factor for the diffuse colour or the palette; 255 leaves it as it is */
     MaterialColour tintColour;
-    /* Host: percent, 0 to 100; the highlight takes the top 32 - 28 * shininess / 100 of the 64 ramp levels */
+    /* Host: percent, 0 to 100; the highlight takes the top 32 - 28 * shininess / 100 of the 64 ramp levels, of which
+       none are left from 115 on */
     i32 shininess;
-    /* Host: percent; the strength of the highlight at the top of the ramp; 0: no highlight */
+    /* Host: percent, 0 to 100; the strength of the highlight at the top of the ramp; 0: no highlight */
     i32 specularLevel;
     /* Host: transparencyNone or transparencyHalf; any other value selects a fallback row */
     i32 transparency;
-    /* Host: one of the shading modes above */
+    /* Host: shadingPlain or another of the shading modes */
     i32 shadingMode;
     u8 gap84[8];
     /* Host: 0: a material without a texture */
@@ -425,21 +438,25 @@ KARDENO_OFFSET(SceneMaterial, textureMap, 92, 96);
 KARDENO_OFFSET(SceneMaterial, materialFlags, 108, 120);
 KARDENO_OFFSET(SceneMaterial, renderPrivate, 112, 128);
 
+/* Where the renderer leaves what it found out about a material. */
 struct MaterialFlags {
     u8 gap0[4];
-    /* Renderer, when a render state is chosen: the material flag word, a sum of the flags of render_modes.h */
+    /* Renderer, when a render state is chosen or Kardeno_Set_Material_Fct_Dll is called: the material flag word, a sum
+       of the flags of render_modes.h */
     u32 flags;
 };
 KARDENO_OFFSET(MaterialFlags, flags, 4, 4);
 
+/* A texture as a material names it: an image, the colours of its palette, and what is left out of it. */
 struct TextureMap {
     u8 gap0[51];
-    /* Host: palette index that the colour-keyed lit filler leaves undrawn */
+    /* Host: palette index that shadingColourKey leaves undrawn on an opaque, lit material; a half-transparent one
+       leaves the index 0 undrawn */
     u8 transparentIndex;
-    /* Host: texel that the colour-keyed unlit filler leaves undrawn */
+    /* Host: texel that shadingColourKey leaves undrawn on an unlit material, in the frame buffer's format */
     u16 transparentColour;
     u8 gap54[2];
-    /* Host */
+    /* Host: the head of the image, with the texels behind it */
     TextureImage* image;
     /* Host: 256 x { blue, green, red, unused }; may be 0 when the image has no palette indices */
     const u8* palette;
@@ -450,7 +467,10 @@ KARDENO_OFFSET(TextureMap, image, 56, 56);
 KARDENO_OFFSET(TextureMap, palette, 60, 64);
 
 /* What a texel may be, as the values of TextureImage.bitsPerTexel. */
-enum { bitsPerTexelPalettised = 8, bitsPerTexelPixels = 16 };
+enum {
+    bitsPerTexelPalettised = 8, /* an index into the palette */
+    bitsPerTexelPixels = 16     /* a pixel in the frame buffer's format */
+};
 
 /* The head of an image, whose texels follow it row after row. A texel is a u8 palette index when bitsPerTexel is 8, and
    otherwise a u16 pixel in the frame buffer's format. Width and height are powers of two. */
@@ -464,7 +484,7 @@ struct TextureImage {
     u32 indexMask;
     /* Host: log2 of the width */
     u32 rowShift;
-    /* Host: in texels */
+    /* Host: in texels, the same powers of two as in rowShift and indexMask */
     f32 width, height;
 };
 KARDENO_SIZE(TextureImage, 32, 32);

@@ -30,9 +30,13 @@ extern "C" {
    is used. The render-mode table is filled, and the colour tables are built for the context's bitsPerPixel. Another
    call replaces the context; materials keep their rows. */
 KARDENO_EXPORT i32 KARDENO_CALL Kardeno_Init_Render_Dll(HostContext* context);
+/* Frees nothing: the renderer keeps its polygon lists and pools for as long as it is loaded. */
+KARDENO_EXPORT void KARDENO_CALL Kardeno_Release_Render_Dll(const void* record);
 
 /* The flags of a frame; all other bits are ignored. */
-enum { frameClear = 1 };
+enum {
+    frameClear = 1 /* pixels of the drawn rectangle that no polygon covers become 0 */
+};
 
 /* Draws one frame. Pixel (x, y) is frameBuffer[y * view->pitch + x], and only pixels in the view's rectangle are
    written. `argument` is passed on to the span fillers, which ignore it. `flags` is 0 or frameClear, with which pixels
@@ -66,7 +70,8 @@ KARDENO_EXPORT i32 KARDENO_CALL Kardeno_Add_Face_Dll(SceneFace* face);
 /* Frees the block of the face's flat colour. The pointer faceColour is not cleared. */
 KARDENO_EXPORT void KARDENO_CALL Kardeno_Release_Face_Dll(SceneFace* face);
 
-/* The renderer keeps nothing for these records. Adding one returns 1; releasing or updating one does nothing. */
+/* The renderer keeps nothing of animations, cameras, lights, light maps, maps, objects and spot lights. Adding one
+   returns 1; releasing or updating one does nothing. */
 KARDENO_EXPORT i32 KARDENO_CALL Kardeno_Add_Animation_Dll(const void* record);
 KARDENO_EXPORT i32 KARDENO_CALL Kardeno_Add_Camera_Dll(const void* record);
 KARDENO_EXPORT i32 KARDENO_CALL Kardeno_Add_Light_Dll(const void* record);
@@ -80,8 +85,6 @@ KARDENO_EXPORT void KARDENO_CALL Kardeno_Release_Light_Dll(const void* record);
 KARDENO_EXPORT void KARDENO_CALL Kardeno_Release_Light_Map_Dll(const void* record);
 KARDENO_EXPORT void KARDENO_CALL Kardeno_Release_Map_Dll(const void* record);
 KARDENO_EXPORT void KARDENO_CALL Kardeno_Release_Object_Dll(const void* record);
-/* Frees nothing: the renderer keeps its polygon lists and pools for as long as it is loaded. */
-KARDENO_EXPORT void KARDENO_CALL Kardeno_Release_Render_Dll(const void* record);
 KARDENO_EXPORT void KARDENO_CALL Kardeno_Release_Spot_Light_Dll(const void* record);
 KARDENO_EXPORT void KARDENO_CALL Kardeno_Update_Light_Map_Dll(const void* record);
 KARDENO_EXPORT void KARDENO_CALL Kardeno_Update_Map_Dll(const void* record);

@@ -40,7 +40,7 @@ enum {
     flagShade11 = 512          /* shadingBillboard */
 };
 
-KARDENO_RECORD(ScreenPolygon); /* the renderer's own */
+KARDENO_RECORD(ScreenPolygon); /* the renderer's own; a host never sees into one */
 KARDENO_RECORD(RenderMode);
 KARDENO_RECORD(ClipperFamily);
 
@@ -54,11 +54,17 @@ typedef void (*FillRoutine)(const ScreenPolygon* polygon, u16* frameBuffer, u32 
 
 /* The six clippers of a vertex format, in the order in which a row holds them. */
 struct ClipperFamily {
+    /* Renderer, at initialisation: cuts away what lies nearer than nearZ */
     ClipRoutine nearPlane;
+    /* Renderer, at initialisation: cuts away what lies farther than farZ */
     ClipRoutine farPlane;
+    /* Renderer, at initialisation: cuts away what lies right of the rectangle */
     ClipRoutine rightPlane;
+    /* Renderer, at initialisation: cuts away what lies left of the rectangle */
     ClipRoutine leftPlane;
+    /* Renderer, at initialisation: cuts away what lies below the rectangle */
     ClipRoutine bottomPlane;
+    /* Renderer, at initialisation: cuts away what lies above the rectangle */
     ClipRoutine topPlane;
 };
 
@@ -67,11 +73,11 @@ struct ClipperFamily {
 struct RenderMode {
     /* Renderer, when a render state is chosen: that state, by whichever material */
     i32 state;
-    /* Renderer, at initialisation */
+    /* Renderer, at initialisation: makes a screen polygon of a face of this row */
     EmitRoutine emit;
-    /* Renderer, at initialisation */
+    /* Renderer, at initialisation: the clippers of the row's vertex format */
     ClipperFamily clip;
-    /* Renderer, at initialisation */
+    /* Renderer, at initialisation: draws the polygons of this row */
     FillRoutine fill;
 };
 KARDENO_SIZE(RenderMode, 36, 72);
@@ -102,27 +108,27 @@ KARDENO_OFFSET(MaterialPrivate, shadeRamp, 4, 8);
 
 /* The rows, in their order in memory. */
 typedef enum RenderModeRow {
-    rowFallbackFlat,
-    rowFallbackBlend,
-    rowUnlitPlain,
-    rowUnlitTextured,
-    rowUnlitTexturedShade1,
-    rowUnlitTranslucent,
-    rowUnlitTexturedTranslucent,
-    rowUnlitTexturedShade2,
-    rowUnlitTexturedShade10,
-    rowUnlitTexturedShade11,
-    rowUnlitPalettised,
-    rowLitPlain,
-    rowLitTextured,
-    rowLitTexturedShade1,
-    rowLitTranslucent,
-    rowLitTexturedTranslucent,
-    rowLitTexturedShade1Translucent,
-    rowLitTexturedShade2,
-    rowSpareA, /* interpolates the colours of the vertices */
-    rowSpareB, /* scales the 16-bit texels of a texture map by the interpolated colours */
-    renderModeRowCount
+    rowFallbackFlat,                 /* opaque, a random colour for each face: its low byte, twice */
+    rowFallbackBlend,                /* half transparent, the random colour of each face */
+    rowUnlitPlain,                   /* diffuseColour.packed */
+    rowUnlitTextured,                /* 16-bit texels */
+    rowUnlitTexturedShade1,          /* 16-bit texels without transparentColour */
+    rowUnlitTranslucent,             /* half transparent, diffuseColour.packed */
+    rowUnlitTexturedTranslucent,     /* half transparent, 16-bit texels */
+    rowUnlitTexturedShade2,          /* additive, 16-bit texels */
+    rowUnlitTexturedShade10,         /* additive billboard over everything, 16-bit texels */
+    rowUnlitTexturedShade11,         /* additive billboard, 16-bit texels */
+    rowUnlitPalettised,              /* palette indices, at the top level of the shade ramp */
+    rowLitPlain,                     /* lit, without a texture */
+    rowLitTextured,                  /* lit palette indices */
+    rowLitTexturedShade1,            /* lit palette indices without transparentIndex */
+    rowLitTranslucent,               /* half transparent, lit, without a texture */
+    rowLitTexturedTranslucent,       /* half transparent, lit palette indices */
+    rowLitTexturedShade1Translucent, /* half transparent, lit palette indices without the index 0 */
+    rowLitTexturedShade2,            /* additive, lit palette indices */
+    rowSpareA,                       /* interpolates the colours of the vertices */
+    rowSpareB,                       /* scales the 16-bit texels of a texture map by the interpolated colours */
+    renderModeRowCount               /* how many rows there are */
 } RenderModeRow;
 
 #ifdef __cplusplus

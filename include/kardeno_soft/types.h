@@ -11,12 +11,12 @@
 namespace kardeno {
 #endif
 
-typedef uint8_t u8;
-typedef uint16_t u16;
-typedef uint32_t u32;
-typedef int32_t i32;
-typedef float f32;  /* IEEE single */
-typedef double f64; /* IEEE double: formulas are evaluated in it and rounded once, where they are stored */
+typedef uint8_t u8;   /* 0 to 255 */
+typedef uint16_t u16; /* 0 to 65,535 */
+typedef uint32_t u32; /* 0 to 4,294,967,295 */
+typedef int32_t i32;  /* -2,147,483,648 to 2,147,483,647 */
+typedef float f32;    /* IEEE single */
+typedef double f64;   /* IEEE double: formulas are evaluated in it and rounded once, where they are stored */
 
 #ifdef __cplusplus
 }

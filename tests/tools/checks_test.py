@@ -266,7 +266,8 @@ class CheckDocuments(ToolTest):
     def check(self, guide):
         self.write("README.md", "# Top\n\n<!-- checked -->\n```sh\ntest -d build/linux-i386/\n```\n")
         self.write("docs/host_guide.md", f"# A guide\n\n{guide}\n")
-        self.write("build/somewhere/library", "")
+        self.write("build/somewhere/cmake_install.cmake", "")
+        self.write("examples/turning_cube.c", "int main(void) { return 0; }\n")
         if not (self.folder / "include").exists():
             (self.folder / "include").symlink_to(TOP / "include")
         return self.run_tool("check_documents", self.folder / "build/somewhere", "gcc", self.folder)
@@ -286,20 +287,72 @@ class CheckDocuments(ToolTest):
     def test_a_mark_without_a_block_is_found(self):
         self.assert_fails(self.check("<!-- checked -->\n\n```sh\ntrue\n```"), "a mark has no block")
 
-    def test_what_is_not_marked_is_left_alone(self):
-        self.assert_passes(self.check("```sh\nfalse\n```"))
+    def test_lines_of_cmake_are_used_in_a_project_with_a_program(self):
+        self.assert_passes(self.check("<!-- checked -->\n```cmake\ntarget_link_libraries(host PRIVATE m)\n```"))
+        self.assert_fails(self.check("<!-- checked -->\n```cmake\nfind_package(nothing REQUIRED)\n```"), "nothing")
 
-    def test_links_lead_to_files_and_headings(self):
-        self.assert_passes(self.check("[a](../README.md) [b](../README.md#top) [c](#a-guide) [d](https://there.is/no)"))
-        self.assert_fails(self.check("[a](gone.md)"), "docs/host_guide.md: ", "gone.md")
-        self.assert_fails(self.check("[a](../README.md#gone)"), "../README.md#gone")
-        self.assert_fails(self.check("[a](#gone)"), "#gone")
+    def test_a_block_without_a_mark_is_found_unless_it_has_no_language(self):
+        self.assert_fails(self.check("```sh\ntrue\n```"), "docs/host_guide.md:4: no mark")
+        self.assert_passes(self.check("```\na drawing\n```"))
+
+    def test_commands_that_are_only_looked_at_have_their_programs_and_presets(self):
+        def look(commands):
+            return self.check(f"<!-- looked at: somebody else runs them -->\n```sh\n{commands}\n```")
+
+        self.write("tool", "#!/bin/sh\n").chmod(0o755)
+        self.write("CMakePresets.json", '{"workflowPresets": [{"name": "native"}]}')
+        self.assert_passes(look("./tool what # does this\ncmake --workflow --preset native # and that"))
+        self.assert_fails(look("./gone"), "there is no program ./gone")
+        self.assert_fails(look("cmake --workflow --preset other"), "there is no preset other")
+
+    def test_a_language_that_nothing_is_known_about_is_found(self):
+        self.assert_fails(self.check("<!-- checked -->\n```ruby\n1\n```"), "'ruby'")
 
     def test_documents_without_a_block_are_no_success(self):
         self.write("README.md", "# Top\n")
         self.write("docs/host_guide.md", "# A guide\n")
         self.write("build/somewhere/library", "")
         self.assertEqual(self.run_tool("check_documents", self.folder / "build", "gcc", self.folder).returncode, 1)
+
+
+class CheckLinks(ToolTest):
+    def check(self, guide, page=""):
+        self.write("README.md", "# Top\n\n[the guide](docs/guide.md)\n")
+        self.write("docs/guide.md", f"# A guide\n\n{guide}\n")
+        self.write("docs/page.html", f'<h1 id="top">A page</h1>\n{page}\n')
+        self.write("docs/a name.svg", "")
+        return self.run_tool("check_links", self.folder)
+
+    def test_links_lead_to_files_folders_and_headings(self):
+        self.assert_passes(self.check("[a](../README.md) [b](../README.md#top) [c](#a-guide) [d](https://there.is/no)"))
+        self.assert_passes(self.check("[a folder](../docs) [a page](page.html#top) ![a picture](a%20name.svg)"))
+        self.assert_fails(self.check("[a](gone.md)"), "docs/guide.md: ", "gone.md")
+        self.assert_fails(self.check("![a](gone.svg)"), "gone.svg")
+        self.assert_fails(self.check("[a](../README.md#gone)"), "../README.md#gone")
+        self.assert_fails(self.check("[a](#gone)"), "#gone")
+
+    def test_links_and_pictures_of_pages_lead_somewhere_too(self):
+        self.assert_passes(self.check("", '<a id="x" href="guide.md">a</a> <a href="#top"> <img src="a%20name.svg">'))
+        for fault in ('<a href="gone.html">', '<img src="gone.svg">', '<object data="gone.svg">', '<a href="#gone">',
+                      '<link rel="stylesheet" href="gone.css"/>', '<script src="gone.js">'):
+            with self.subTest(fault):
+                self.assert_fails(self.check("", fault), "docs/page.html: ", "gone")
+
+    def test_a_link_out_of_the_folder_is_found(self):
+        self.assert_fails(self.check("[a](../../)"), "../../")
+
+    def test_code_holds_no_links_but_may_be_the_text_of_one(self):
+        self.assert_passes(self.check("`a[1](gone)`\n\n```c\na[1](gone)\n```"))
+        self.assert_fails(self.check("[`code`](gone)"), "gone")
+
+    def test_what_is_built_or_fetched_is_not_looked_at(self):
+        self.write("build/a.md", "[a](gone.md)")
+        self.write("page/node_modules/a.md", "[a](gone.md)")
+        self.assert_passes(self.check("[a](../README.md)"))
+
+    def test_documents_without_links_are_no_success(self):
+        self.write("README.md", "# Top\n")
+        self.assertEqual(self.run_tool("check_links", self.folder).returncode, 1)
 
 
 if __name__ == "__main__":

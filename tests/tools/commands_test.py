@@ -199,6 +199,13 @@ class Demo(CommandTest):
         self.assertIn("cmake --build --preset wasm32 --target page", self.calls())
         self.assertNotIn("cmake --preset linux-i386", self.calls())
 
+    def test_the_reference_is_built_by_the_machines_own_preset_and_nothing_is_drawn(self):
+        run = self.command("demo", "reference")
+        self.assert_passes(run)
+        self.assertIn("the reference is build/native/reference/index.html", run.stdout)
+        self.assertIn("cmake --build --preset native --target reference", self.calls())
+        self.assertFalse((self.tree / "pictures").exists())
+
     def test_the_page_and_a_model_are_not_for_one_call(self):
         run = self.command("demo", "page", "a.obj")
         self.assertEqual(run.returncode, 2)

@@ -73,7 +73,8 @@ class MadeFromTheHeaders(HeadersTest):
         self.assert_passes(self.run_copy("write_c_names", "--check"))
 
     def test_a_new_constant_asks_for_its_c_name_and_its_line(self):
-        self.spoil("host_records.h", "transparencyHalf = 50", "transparencyHalf = 50, transparencyFull = 100")
+        self.spoil("host_records.h", "transparencyHalf = 50",
+                   "transparencyFull = 100, /* all */\n    transparencyHalf = 50")
         self.assert_fails(self.run_copy("write_c_names", "--check"), "c_names.h is not", "c_names_end.h is not")
         self.assert_fails(self.run_copy("list_records", "--check"), "docs/records.json is not what the headers say")
         self.assert_passes(self.run_copy("write_c_names"))
@@ -82,7 +83,15 @@ class MadeFromTheHeaders(HeadersTest):
         self.assert_passes(self.run_copy("list_records", "--check"))
         names = (self.folder / "include/kardeno_soft/c_names.h").read_text()
         self.assertIn("#define transparencyFull kardenoTransparencyFull\n", names)
-        self.assertIn('{"name": "transparencyFull", "value": 100}', (self.folder / "docs/records.json").read_text())
+        self.assertIn('{"name": "transparencyFull", "value": 100, "about": "all"}',
+                      (self.folder / "docs/records.json").read_text())
+
+    def test_a_field_and_a_constant_without_a_remark_are_refused(self):
+        self.spoil("host_records.h", "    /* Host: 0: nothing to draw */\n", "")
+        self.assert_fails(self.run_copy("list_records"), "SceneObject.faceCount has no remark")
+        self.spoil("host_records.h", "    i32 faceCount;", "    /* Host: any */\n    i32 faceCount;")
+        self.spoil("render_modes.h", "/* lit palette indices */", "")
+        self.assert_fails(self.run_copy("list_records"), "rowLitTextured has no remark")
 
     def test_a_place_that_no_compiler_would_give_is_refused(self):
         self.spoil("host_records.h", "KARDENO_OFFSET(SceneFace, faceTest, 64, 88)",

@@ -1,4 +1,5 @@
 """What makes and checks packages and examples: archives that do not depend on times, and examples whose faults show."""
+import calendar
 import hashlib
 import os
 import tarfile
@@ -27,6 +28,19 @@ class Pack(ToolTest):
             os.utime(self.folder / "second" / name, (1234567890, 1234567890))
         for ending in ("tar.gz", "zip"):
             self.assertEqual(self.pack("first", f"1/x.{ending}"), self.pack("second", f"2/x.{ending}"))
+
+    def test_the_time_of_the_files_may_be_given_and_is_otherwise_the_first_of_1980(self):
+        self.fill("first", ["a.txt", "b/c.txt"])
+        for given, time in (("1700000000", (2023, 11, 14, 22, 13, 20)), ("", (1980, 1, 1, 0, 0, 0)),
+                            ("5", (1980, 1, 1, 0, 0, 0))):
+            environment = dict(os.environ, SOURCE_DATE_EPOCH=given)
+            for ending in ("tar.gz", "zip"):
+                archive = self.folder / f"x.{ending}"
+                self.assert_passes(self.run_tool("pack", self.folder / "first", archive, env=environment))
+            with tarfile.open(self.folder / "x.tar.gz") as tar:
+                self.assertEqual({entry.mtime for entry in tar}, {calendar.timegm(time)})
+            with zipfile.ZipFile(self.folder / "x.zip") as packed:
+                self.assertEqual({entry.date_time for entry in packed.infolist()}, {time})
 
     def test_contents_modes_and_links_are_kept_in_one_folder(self):
         self.fill("first", ["a.txt", "b/c.txt"])

@@ -53,8 +53,9 @@ class CommandTest(ToolTest):
     HARMLESS = """awk basename cat cmp cp date dirname echo env expr flock grep head id ln ls mkdir mktemp mv nproc
         printf python3 rm sed sh sort tail timeout touch tr wc""".split()
     STOOD_IN = ["apt-get", "dpkg-query", "dpkg-deb", "sudo", "cmake", "ninja", "wine", "wineserver", "g++", "gcc",
-                "clang++-14", "clang-format-14", "ld.lld-14", "llvm-ar-14", "node", "npm", "chromium-headless-shell",
-                "qemu-aarch64-static", "i686-w64-mingw32-g++-posix", "x86_64-w64-mingw32-g++-posix"]
+                "clang++-14", "clang-format-14", "doxygen", "ld.lld-14", "llvm-ar-14", "node", "npm",
+                "chromium-headless-shell", "qemu-aarch64-static", "i686-w64-mingw32-g++-posix",
+                "x86_64-w64-mingw32-g++-posix"]
 
     def setUp(self):
         super().setUp()
