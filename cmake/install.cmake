@@ -5,6 +5,14 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 install(TARGETS kardeno_soft EXPORT kardeno_soft)
+# The checked library is loaded in place of the plain one, by its name: nothing but its file is needed, and no import
+# library.
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
+    install(TARGETS kardeno_soft_checked ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+else()
+    install(TARGETS kardeno_soft_checked
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/kardeno_soft DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 # find_package(kardeno_soft) gives the target kardeno_soft::kardeno_soft.
@@ -29,7 +37,7 @@ endif()
 
 # Documents and examples stand to each other as they do in the sources, where they name each other.
 install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES docs/host_guide.md docs/records.md docs/records.json DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+install(FILES docs/host_guide.md docs/checked_library.md docs/records.md docs/records.json DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 install(FILES examples/turning_cube.c examples/turning_cube.cpp examples/turning_cube.py examples/small_scene.c
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 

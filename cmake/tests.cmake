@@ -88,6 +88,13 @@ foreach(room ${test_folders})
     endif()
 endforeach()
 
+# The checked library's objects stand in for the exported functions. Its tests draw the scenes of others.
+file(GLOB sources CONFIGURE_DEPENDS ${test_folder}/checked/*.cpp)
+file(GLOB helpers CONFIGURE_DEPENDS ${test_folder}/reference/*.cpp ${test_folder}/robustness/*.cpp)
+list(FILTER helpers EXCLUDE REGEX "_test\\.cpp$")
+kardeno_add_test_program(tests_checked ${sources} ${helpers} ${kardeno_objects_without_exports})
+target_link_libraries(tests_checked PRIVATE test_support scenes kardeno_checked_objects)
+
 # The tests that see the library as a host does load it from its file.
 if(TARGET tests_library)
     add_dependencies(tests_library kardeno_soft)

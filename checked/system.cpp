@@ -1,0 +1,56 @@
+#include "checked/system.h"
+
+#if defined(_WIN32)
+#include <windows.h>
+#else
+#include <stdlib.h>
+#include <string.h>
+#if !defined(__wasm__)
+#include <pthread.h>
+#endif
+#endif
+
+namespace kardeno::checked {
+
+#if defined(_WIN32)
+
+uintptr_t currentThread()
+{
+    return GetCurrentThreadId();
+}
+
+bool readVariable(const char* name, char* value, u32 size)
+{
+    const DWORD length = GetEnvironmentVariableA(name, value, size);
+    return length > 0 && length < size;
+}
+
+void showInDebugger(const char* text)
+{
+    OutputDebugStringA(text);
+}
+
+#else
+
+uintptr_t currentThread()
+{
+#if defined(__wasm__)
+    return 0; // there is only one
+#else
+    return (uintptr_t)pthread_self();
+#endif
+}
+
+bool readVariable(const char* name, char* value, u32 size)
+{
+    const char* const found = getenv(name);
+    if (!found || !*found || strlen(found) >= size) return false;
+    memcpy(value, found, strlen(found) + 1);
+    return true;
+}
+
+void showInDebugger(const char*) {}
+
+#endif
+
+} // namespace kardeno::checked

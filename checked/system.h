@@ -1,0 +1,18 @@
+// The few calls of the checked library in which systems differ.
+#pragma once
+
+#include "kardeno_soft/types.h"
+
+namespace kardeno::checked {
+
+// A number that tells the threads of the process apart.
+uintptr_t currentThread();
+
+// Copies the value of an environment variable, cut to `size` bytes with the closing 0. Returns false when it is not
+// set.
+bool readVariable(const char* name, char* value, u32 size);
+
+// Shows a text in the output of a debugger, where the system has such a thing.
+void showInDebugger(const char* text);
+
+} // namespace kardeno::checked
