@@ -37,7 +37,8 @@ endif()
 
 # Documents and examples stand to each other as they do in the sources, where they name each other.
 install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES docs/host_guide.md docs/checked_library.md docs/records.md docs/records.json DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
+install(FILES docs/host_guide.md docs/checked_library.md docs/records.md docs/records.json
+    DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 install(FILES examples/turning_cube.c examples/turning_cube.cpp examples/turning_cube.py examples/small_scene.c
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/examples)
 
