@@ -1,19 +1,10 @@
-// Looks at the faces of a frame or a pick that pass the host's test: their vertices, outcodes, normals and outlines.
+// Looks at the faces of a frame or a pick that pass the host's test: their corners, normals and light.
 #pragma once
 
 #include "checked/material_checks.h"
+#include "checked/vertex_checks.h"
 
 namespace kardeno::checked {
-
-// The sides of a view, as distances from the centre of the projection.
-struct ViewSides {
-    f64 nearZ, farZ;
-    f64 scaleX, scaleY;
-    f64 left, right, top, bottom;
-    f64 slack; // in pixels: a vertex that is no farther than this from a side may be told to be on either side of it
-    bool ninetyDegrees;
-};
-ViewSides sidesOf(const RenderView& view);
 
 class FaceChecks {
 public:
@@ -32,11 +23,10 @@ public:
 
 private:
     const HostContext* context;
-    ViewSides sides;
-    u32 vertexCount; // 0: unknown
+    VertexChecks vertices;
+    u32 vertexCount;    // 0: unknown
+    bool ninetyDegrees; // the drawn rectangle is as wide and as high
 
-    void lookAtVertex(i32 index, const Place& place);
-    void lookAtOutcode(i32 index, const Place& place);
     void lookAtPlane(const SceneFace& face, RenderModeRow row, const Place& place);
     void lookAtLight(const SceneFace& face, const Place& place);
 };

@@ -53,7 +53,7 @@ constexpr MistakeWords words[] = {
     {Mistake::pitchTwice, hint, "pitch-twice", "pitch is just twice the width of the drawn rectangle",
      "See that pitch is in pixels and not in bytes."},
     {Mistake::depthRange, warning, "depth-range", "nearZ and farZ are no range of depths",
-     "Let nearZ be above 0 and farZ above nearZ, both finite."},
+     "Let nearZ be above 0 and farZ above nearZ."},
     {Mistake::projectionScale, warning, "projection-scale", "the projection has a scale of 0 or a number that is none",
      "Let scaleX be half the width and scaleY half the height of the drawn rectangle."},
     {Mistake::projectionDerived, warning, "projection-derived",

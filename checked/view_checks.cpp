@@ -112,8 +112,7 @@ bool mayBeWalked(const RenderView& view, const Place& place)
         return true;
     }
     const f64 nearZ = view.nearZ, farZ = view.farZ;
-    if (!isFinite(nearZ) || !isFinite(farZ) || nearZ <= 0 || farZ <= nearZ)
-        tell(Mistake::depthRange, place, "nearZ %g, farZ %g", nearZ, farZ);
+    if (!(nearZ > 0) || !(farZ > nearZ)) tell(Mistake::depthRange, place, "nearZ %g, farZ %g", nearZ, farZ);
     lookAtProjection(*view.projection, place);
     if (isEmpty(view)) {
         tell(Mistake::emptyRectangle, place, "left %g, top %g, right %g, bottom %g", left, top, right, bottom);

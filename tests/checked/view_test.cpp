@@ -92,8 +92,11 @@ TEST_CASE("depths that are no range are told of")
     good.view().nearZ = 10;
     good.view().farZ = 10;
     CHECK(good.draw().front() == "depth-range");
-    good.view().farZ = infinite;
+    good.view().farZ = notANumber;
     CHECK(good.draw().front() == "depth-range");
+    good.view().nearZ = 1;
+    good.view().farZ = infinite;
+    CHECK(good.draw() == Names{});
 }
 
 TEST_CASE("a projection without a scale is told of")

@@ -95,6 +95,12 @@ class RunChecked(ToolTest):
     def test_a_program_that_fails_fails(self):
         self.assertEqual(self.check("exit 3").returncode, 3)
 
+    def test_a_program_that_is_to_stop_has_to_end_at_the_first_sentence(self):
+        stops = f'{self.SENTENCE}; test -z "$KARDENO_CHECKED_STOP" || exit 3'
+        self.assert_passes(self.check(stops, "--stops"))
+        self.assert_fails(self.check(f"{self.SENTENCE}; exit 0", "--stops"), "ended with 0")
+        self.assert_fails(self.check(f"{self.SENTENCE}; {self.SENTENCE}; exit 3", "--stops"), "after 2 sentences")
+
 
 if __name__ == "__main__":
     unittest.main()
