@@ -41,9 +41,18 @@ struct Text {
 
     [[gnu::format(printf, 2, 0)]] void addList(const char* pattern, va_list values)
     {
-        const u32 room = static_cast<u32>(sizeof characters) - length;
-        const int written = vsnprintf(characters + length, room, pattern, values);
-        if (written > 0) length += static_cast<u32>(written) < room ? static_cast<u32>(written) : room - 1;
+        formatText(characters + length, static_cast<u32>(sizeof characters) - length, pattern, values);
+        length += static_cast<u32>(strlen(characters + length));
+    }
+
+    // Systems write %p differently.
+    void addAddress(const void* address)
+    {
+        const uintptr_t number = reinterpret_cast<uintptr_t>(address);
+        add("at 0x");
+        i32 shift = 0;
+        while (shift + 4 < static_cast<i32>(8 * sizeof number) && number >> (shift + 4)) shift += 4;
+        for (; shift >= 0; shift -= 4) add("%x", static_cast<u32>(number >> shift & 15));
     }
 };
 
@@ -78,7 +87,7 @@ void addObject(Text& text, const RenderView* view, const SceneObject* object)
         for (i32 i = 0; i < way.count; ++i) text.add(i ? ".%d" : "%d", way.steps[i]);
         text.add(" ");
     }
-    text.add("at %p", static_cast<const void*>(object));
+    text.addAddress(object);
 }
 
 void addPlace(Text& text, const Place& place)
@@ -87,23 +96,31 @@ void addPlace(Text& text, const Place& place)
     text.add(": ");
     if (place.object) {
         addObject(text, place.view, place.object);
-        if (place.drawn && place.drawn != place.object)
-            text.add(", drawn as the one at %p", static_cast<const void*>(place.drawn));
+        if (place.drawn && place.drawn != place.object) {
+            text.add(", drawn as the one ");
+            text.addAddress(place.drawn);
+        }
         text.add(", ");
     }
     if (place.face) {
         text.add("face ");
         if (place.faceIndex >= 0) text.add("%d ", place.faceIndex);
-        text.add("at %p, ", static_cast<const void*>(place.face));
+        text.addAddress(place.face);
+        text.add(", ");
     } else if (place.faceIndex >= 0) {
         text.add("face %d, ", place.faceIndex);
     }
     if (place.material) {
         text.add("material ");
         if (place.materialNumber >= 0) text.add("%d ", place.materialNumber);
-        text.add("at %p, ", static_cast<const void*>(place.material));
+        text.addAddress(place.material);
+        text.add(", ");
     }
-    if (place.record && !place.object && !place.face && !place.material) text.add("record at %p, ", place.record);
+    if (place.record && !place.object && !place.face && !place.material) {
+        text.add("record ");
+        text.addAddress(place.record);
+        text.add(", ");
+    }
     // The comma before the sentence becomes a colon.
     if (text.length >= 2 && text.characters[text.length - 2] == ',') text.characters[text.length - 2] = ':';
 }

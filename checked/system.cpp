@@ -1,5 +1,7 @@
 #include "checked/system.h"
 
+#include <stdio.h>
+
 #if defined(_WIN32)
 #include <windows.h>
 #else
@@ -25,6 +27,12 @@ bool readVariable(const char* name, char* value, u32 size)
     return length > 0 && length < size;
 }
 
+void formatText(char* text, u32 size, const char* pattern, va_list values)
+{
+    _vsnprintf(text, size, pattern, values);
+    text[size - 1] = 0;
+}
+
 void showInDebugger(const char* text)
 {
     OutputDebugStringA(text);
@@ -47,6 +55,11 @@ bool readVariable(const char* name, char* value, u32 size)
     if (!found || !*found || strlen(found) >= size) return false;
     memcpy(value, found, strlen(found) + 1);
     return true;
+}
+
+void formatText(char* text, u32 size, const char* pattern, va_list values)
+{
+    vsnprintf(text, size, pattern, values);
 }
 
 void showInDebugger(const char*) {}

@@ -6,6 +6,7 @@
 
 #include <cstdio>
 #include <fstream>
+#include <sstream>
 
 using namespace kardeno;
 using namespace kardeno::tests;
@@ -15,9 +16,9 @@ namespace {
 // A pointer as it is written in a sentence.
 std::string written(const void* address)
 {
-    char text[40];
-    std::snprintf(text, sizeof text, "%p", address);
-    return text;
+    std::ostringstream text;
+    text << "0x" << std::hex << reinterpret_cast<uintptr_t>(address);
+    return text.str();
 }
 
 const std::string fileName = "build/checked_sentences.txt";
