@@ -100,12 +100,15 @@ bool mayBePrepared(const RenderView& view, const Place& place)
     return false;
 }
 
+bool hasProjection(const RenderView& view, const Place& place)
+{
+    if (!view.projection) tell(Mistake::missingProjection, place);
+    return view.projection;
+}
+
 bool mayBeWalked(const RenderView& view, const Place& place)
 {
-    if (!view.projection) {
-        tell(Mistake::missingProjection, place);
-        return false;
-    }
+    if (!hasProjection(view, place)) return false;
     const f64 left = view.left, top = view.top, right = view.projection->right, bottom = view.projection->bottom;
     if (!isDrawable(view) || !fitsTables(truncatedRectangle(view))) {
         tell(Mistake::rectangleLimits, place, "left %g, top %g, right %g, bottom %g", left, top, right, bottom);

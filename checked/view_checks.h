@@ -16,6 +16,8 @@ void lookAtFormat(const HostContext& context, const Place& place);
 // Whether the camera can be called.
 bool mayBePrepared(const RenderView& view, const Place& place);
 
+bool hasProjection(const RenderView& view, const Place& place);
+
 // Whether the view can be walked, after the camera's function has run.
 bool mayBeWalked(const RenderView& view, const Place& place);
 

@@ -46,6 +46,7 @@ bool WatchedHost::mayVisitFaces(SceneObject* object, SceneObject* drawn)
     anyVisible = true;
     const bool newBatch = preparedSinceVisit;
     preparedSinceVisit = false;
+    if (!hasProjection(*view, callPlace)) return false;
     if (drawn->faceCount <= 0) return true;
     if (!drawn->faces) {
         tell(Mistake::missingFaces, objectPlace, "faceCount %d", drawn->faceCount);
@@ -69,6 +70,7 @@ bool WatchedHost::mayVisitFaces(SceneObject* object, SceneObject* drawn)
 
 bool WatchedHost::mayDraw()
 {
+    if (!hasProjection(*view, callPlace)) return false;
     if (faces.fronts > 0) frontWasSeen = true;
     if (!frontWasSeen && faces.backs > 0) tell(Mistake::onlyBacks, callPlace, "%d faces", faces.backs);
     if (!anyVisible && view->firstObject) tell(Mistake::nothingVisible, callPlace);

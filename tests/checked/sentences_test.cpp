@@ -21,16 +21,6 @@ std::string written(const void* address)
     return text.str();
 }
 
-const std::string fileName = "build/checked_sentences.txt";
-
-std::vector<std::string> linesOfFile()
-{
-    std::ifstream file(fileName);
-    std::vector<std::string> lines;
-    for (std::string line; std::getline(file, line);) lines.push_back(line);
-    return lines;
-}
-
 } // namespace
 
 TEST_CASE("a sentence says where, what and what to do, with the place in the tree")
@@ -148,6 +138,20 @@ TEST_CASE("sentences in a file: not here")
     notHere("sentences in a file", "WebAssembly has no file system");
 }
 #else
+namespace {
+
+const std::string fileName = "build/checked_sentences.txt";
+
+std::vector<std::string> linesOfFile()
+{
+    std::ifstream file(fileName);
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(file, line);) lines.push_back(line);
+    return lines;
+}
+
+} // namespace
+
 TEST_CASE("sentences go to the end of a file")
 {
     GoodScene good;

@@ -50,6 +50,17 @@ TEST_CASE("a view without a projection ends the call")
     CHECK(good.isUntouched());
 }
 
+TEST_CASE("a projection that a callback takes away ends the call")
+{
+    GoodScene good;
+    const ViewProjection* const projection = good.view().projection;
+    good.object.onPrepare = [&] { good.view().projection = nullptr; };
+    CHECK(good.draw() == Names{"missing-projection"});
+    CHECK(good.isUntouched());
+    good.view().projection = projection;
+    CHECK(good.pick() == Names{"missing-projection"});
+}
+
 TEST_CASE("a frame without a frame buffer ends")
 {
     GoodScene good;
