@@ -6,6 +6,7 @@ if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
     kardeno_not_here(check_exports "an archive has neither exports nor imports")
 else()
     add_test(NAME check_exports COMMAND ${tools}/check_exports exports $<TARGET_FILE:kardeno_soft>)
+    add_test(NAME check_exports_checked COMMAND ${tools}/check_exports exports $<TARGET_FILE:kardeno_soft_checked>)
 endif()
 
 if(NOT KARDENO_SANITIZED AND NOT CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
@@ -16,9 +17,12 @@ if(NOT KARDENO_SANITIZED AND NOT CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
         set(allowed_imports libc.so.6 ld-linux-aarch64.so.1)
     endif()
     add_test(NAME check_imports COMMAND ${tools}/check_exports imports $<TARGET_FILE:kardeno_soft> ${allowed_imports})
+    add_test(NAME check_imports_checked
+        COMMAND ${tools}/check_exports imports $<TARGET_FILE:kardeno_soft_checked> ${allowed_imports})
     add_test(NAME check_nothing_runs_at_load
         COMMAND ${tools}/check_objects initialisers
             $<TARGET_OBJECTS:kardeno_objects> $<TARGET_OBJECTS:kardeno_soft>
+            $<TARGET_OBJECTS:kardeno_checked_objects>
         COMMAND_EXPAND_LISTS)
     add_test(NAME check_nothing_of_a_higher_level_is_shared
         COMMAND ${tools}/check_objects levels $<TARGET_OBJECTS:kardeno_objects>
@@ -33,7 +37,7 @@ endfunction()
 
 # The headers of the library as #include lines would name them.
 set(library_headers)
-foreach(room ${kardeno_rooms})
+foreach(room ${kardeno_rooms} checked)
     file(GLOB headers CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/${room}/*.h)
     list(APPEND library_headers ${headers})
 endforeach()
@@ -151,7 +155,7 @@ endforeach()
 add_header_check(check_headers_compile_alone headers_alone ${includers})
 
 # Floating point becomes integer in support/arithmetic*.h alone. tools/check_objects says how this is seen.
-set(truncation_users ${kardeno_sources})
+set(truncation_users ${kardeno_sources} ${checked_sources})
 list(FILTER truncation_users EXCLUDE REGEX "/support/arithmetic[^/]*\\.cpp$")
 add_library(opaque_truncation OBJECT EXCLUDE_FROM_ALL ${truncation_users})
 target_compile_definitions(opaque_truncation PRIVATE KARDENO_BUILDING_LIBRARY KARDENO_OPAQUE_TRUNCATION)

@@ -5,9 +5,17 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 # Everything that is built in order to be installed, and nothing else.
-add_custom_target(installed_files DEPENDS kardeno_soft)
+add_custom_target(installed_files DEPENDS kardeno_soft kardeno_soft_checked)
 
 install(TARGETS kardeno_soft EXPORT kardeno_soft)
+# The checked library is loaded in place of the plain one, by its name: nothing but its file is needed, and no import
+# library.
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
+    install(TARGETS kardeno_soft_checked ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+else()
+    install(TARGETS kardeno_soft_checked
+        RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
+endif()
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/kardeno_soft DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 # find_package(kardeno_soft) gives the target kardeno_soft::kardeno_soft.
@@ -56,7 +64,7 @@ string(REPLACE "](../include/" "](${guide_to_headers}/" guide "${guide}")
 string(REGEX REPLACE "\\[([^]]*)\\]\\((\\.\\./sample_host|performance\\.md)\\)" "\\1" guide "${guide}")
 file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/host_guide.md CONTENT "${guide}" @ONLY)
 install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES ${PROJECT_BINARY_DIR}/host_guide.md docs/records.md docs/records.json
+install(FILES ${PROJECT_BINARY_DIR}/host_guide.md docs/checked_library.md docs/records.md docs/records.json
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 install(FILES docs/pictures/camera_space.svg docs/pictures/winding.svg docs/pictures/group_walk.svg
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs/pictures)

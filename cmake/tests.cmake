@@ -69,6 +69,19 @@ function(kardeno_add_test_program program)
     set_tests_properties(${program} PROPERTIES FIXTURES_REQUIRED emulator)
 endfunction()
 
+# Runs a test program that loads the library once more, with the checked one, which may say nothing but what the further
+# arguments allow. What that remembers is not given back when it is unloaded, since nothing runs then.
+function(kardeno_add_checked_run program)
+    add_dependencies(${program} kardeno_soft_checked)
+    add_test(NAME ${program}_checked
+        COMMAND ${PROJECT_SOURCE_DIR}/tools/run_checked ${ARGN}
+            ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:${program}>
+        WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+    set_tests_properties(${program}_checked PROPERTIES
+        ENVIRONMENT "KARDENO_LIBRARY=$<TARGET_FILE:kardeno_soft_checked>;ASAN_OPTIONS=detect_leaks=0"
+        FIXTURES_REQUIRED emulator)
+endfunction()
+
 # The scenes that all test programs share.
 file(GLOB scene_sources CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/scenes/*.cpp)
 add_library(scenes OBJECT ${scene_sources})
@@ -88,8 +101,30 @@ foreach(room ${test_folders})
     endif()
 endforeach()
 
+# The checked library's objects stand in for the exported functions. Its tests draw the scenes of others.
+file(GLOB sources CONFIGURE_DEPENDS ${test_folder}/checked/*.cpp)
+file(GLOB helpers CONFIGURE_DEPENDS ${test_folder}/reference/*.cpp ${test_folder}/robustness/*.cpp)
+list(FILTER helpers EXCLUDE REGEX "_test\\.cpp$")
+kardeno_add_test_program(tests_checked ${sources} ${helpers} ${kardeno_objects_without_exports})
+target_link_libraries(tests_checked PRIVATE test_support scenes kardeno_checked_objects)
+
+# The shared scenes are hosts of their own, which share no process with the tests' host: both keep the library's pools.
+file(GLOB sources CONFIGURE_DEPENDS ${test_folder}/checked_scenes/*.cpp)
+kardeno_add_test_program(tests_checked_scenes
+    ${sources} ${test_folder}/checked/hearing.cpp ${kardeno_objects_without_exports})
+target_link_libraries(tests_checked_scenes PRIVATE test_support scenes kardeno_checked_objects)
+
 # The tests that see the library as a host does load it from its file.
 if(TARGET tests_library)
     add_dependencies(tests_library kardeno_soft)
     set_tests_properties(tests_library PROPERTIES ENVIRONMENT "KARDENO_LIBRARY=$<TARGET_FILE:kardeno_soft>")
+    # A scene of these tests is cut in a view that is not 90 degrees wide, by a normal that its corners have not.
+    kardeno_add_checked_run(tests_library --but normal-wrong --but projection-angle)
+    add_test(NAME checked_library_stops_at_the_first_sentence
+        COMMAND ${PROJECT_SOURCE_DIR}/tools/run_checked --stops
+            ${CMAKE_CROSSCOMPILING_EMULATOR} $<TARGET_FILE:tests_library>
+        WORKING_DIRECTORY ${PROJECT_SOURCE_DIR})
+    get_test_property(tests_library_checked ENVIRONMENT environment)
+    set_tests_properties(checked_library_stops_at_the_first_sentence PROPERTIES
+        ENVIRONMENT "${environment}" FIXTURES_REQUIRED emulator)
 endif()

@@ -1,10 +1,7 @@
 #include "frame/frame_driver.h"
 
-#include "frame/object_walk.h"
+#include "frame/trusted_host.h"
 #include "geometry/depth_sort.h"
-#include "geometry/polygon_lists.h"
-#include "geometry/side_counts.h"
-#include "host/drawn_rectangle.h"
 #include "raster/flat_fills.h"
 #include "raster/span_walk.h"
 #include "spanbuffer/scanline_resolver.h"
@@ -13,16 +10,6 @@
 namespace kardeno {
 
 namespace {
-
-// The visitor of the object walk that hands every face to the emission routine of its material.
-struct FaceEmitter {
-    static constexpr bool lights = true;
-
-    static void visitFaces(RenderView* view, SceneObject*, SceneObject* drawn)
-    {
-        forEachTestedFace(*drawn, [view](SceneFace* face, i32) { modeOf(*face->material).emit(view, face); });
-    }
-};
 
 // Draws polygons with the filler of their material, as many as it takes at once.
 void fill(PolygonRun& run, const FillTarget& target)
@@ -70,29 +57,26 @@ void drawFromFarToNear(const PolygonList& list, const FillTarget& target)
 
 } // namespace
 
-void renderFrame(HostContext& context, RenderView* view, u16* frameBuffer, u32 fillerArgument, u8 flags)
+void drawLists(HostContext& context, const RenderView& view, u16* frameBuffer, u32 fillerArgument, u8 flags)
 {
-    if (!view->camera) return;
-    view->camera->functions->prepare(view->camera, view);
-    if (!isDrawable(*view)) return;
-
-    resetPolygonLists();
-    resetSideCounts(truncatedRectangle(*view));
-    FaceEmitter emitter;
-    ObjectWalk(context, view, emitter).walkRoots();
-
-    const DrawnRectangle drawn = truncatedRectangle(*view);
+    const DrawnRectangle drawn = truncatedRectangle(view);
     if (!fitsTables(drawn)) return;
     if (!buildEdgeTable(context, drawn)) return;
     resetSpanPool();
-    ResolveScanlines(context, drawn, view->top);
+    ResolveScanlines(context, drawn, view.top);
 
     drawnRectangle = drawn;
-    const FillTarget target = {frameBuffer, fillerArgument, static_cast<u32>(view->pitch)};
+    const FillTarget target = {frameBuffer, fillerArgument, static_cast<u32>(view.pitch)};
     if (flags & clearUncovered) clearSpans(spansOf(BackgroundPolygon), target);
     drawInOrder(resolvedPolygons, target);
     drawFromFarToNear(sortedPolygons, target);
     drawFromFarToNear(lateSortedPolygons, target);
+}
+
+void renderFrame(HostContext& context, RenderView* view, u16* frameBuffer, u32 fillerArgument, u8 flags)
+{
+    TrustedHost host;
+    renderFrameOf(host, context, view, frameBuffer, fillerArgument, flags);
 }
 
 } // namespace kardeno

@@ -2,6 +2,8 @@
 // which objects are skipped, how the parts of a group are culled as one, and when the cached projections of vertices
 // become stale. Transforming and lighting the vertices is left to the host.
 //
+// The host's records and functions are reached through a `Host`: trusted_host.h has the one of the plain library.
+//
 // Two trees are walked side by side: the object tree, and the tree of the drawn objects, as the host's selectLevel
 // chooses them. A drawn object has its children and siblings in the same places as its object. Where the drawn tree has
 // no counterpart for an object, the object itself is drawn.
@@ -28,22 +30,22 @@ concept FaceVisitor = requires(Visitor visitor, RenderView* view, SceneObject* o
 bool needsLight(const SceneObject& drawn);
 
 // Calls visit(face, index) for each face of a drawn object that passes the host's own test.
-template <class Visit>
-void forEachTestedFace(const SceneObject& drawn, Visit visit)
+template <class Host, class Visit>
+void forEachTestedFace(Host& host, const SceneObject& drawn, Visit visit)
 {
     constexpr i32 lookAhead = 8;
     for (i32 i = 0; i < drawn.faceCount; ++i) {
         if (i + lookAhead < drawn.faceCount) __builtin_prefetch(drawn.faces[i + lookAhead]);
         SceneFace* const face = drawn.faces[i];
-        if (face->faceTest->test(face)) visit(face, i);
+        if (host.passes(face, i)) visit(face, i);
     }
 }
 
-template <FaceVisitor Visitor>
+template <class Host, FaceVisitor Visitor>
 class ObjectWalk {
 public:
-    ObjectWalk(HostContext& theContext, RenderView* theView, Visitor& theVisitor)
-        : context(theContext), view(theView), visitor(theVisitor)
+    ObjectWalk(Host& theHost, HostContext& theContext, RenderView* theView, Visitor& theVisitor)
+        : host(theHost), context(theContext), view(theView), visitor(theVisitor)
     {
     }
 
@@ -54,44 +56,43 @@ public:
     }
 
 private:
+    Host& host;
     HostContext& context;
     RenderView* view;
     Visitor& visitor;
 
-    static bool isGroup(const SceneObject& object) { return *object.groupFlag != 0; }
-    static bool isPart(const SceneObject& object) { return !isGroup(object) && object.partOfGroup; }
+    bool isPart(const SceneObject& object) { return !host.isGroup(object) && object.partOfGroup; }
     static SceneObject* orItself(SceneObject* counterpart, SceneObject* object)
     {
         return counterpart ? counterpart : object;
     }
-    static const ObjectFunctions& functionsOf(const SceneObject& object) { return *object.objectClass->functions; }
 
     void place(SceneObject* object)
     {
-        functionsOf(*object).update(object);
-        functionsOf(*object).transform(object, view);
+        host.update(object);
+        host.transform(object, view);
     }
 
-    SceneObject* selectedLevel(SceneObject* object)
-    {
-        return orItself(functionsOf(*object).selectLevel(object, view), object);
-    }
-
-    void testBounds(SceneObject* drawn, SceneObject* object) { functionsOf(*drawn).testBounds(drawn, object, view); }
+    SceneObject* selectedLevel(SceneObject* object) { return orItself(host.selectLevel(object, view), object); }
 
     // Has the host prepare the vertices of an object. The new stamp makes all cached projections stale.
     void lightAndPrepare(SceneObject* drawn, SceneObject* object)
     {
         ++context.projectionStamp;
-        if (Visitor::lights && needsLight(*drawn)) functionsOf(*drawn).light(drawn, object, view);
-        functionsOf(*drawn).prepareVertices(drawn, object, view);
+        if (Visitor::lights && host.needsLight(*drawn)) host.light(drawn, object, view);
+        host.prepareVertices(drawn, object, view);
+    }
+
+    void visitFaces(SceneObject* object, SceneObject* drawn)
+    {
+        if (host.mayVisitFaces(object, drawn)) visitor.visitFaces(view, object, drawn);
     }
 
     // Walks an object and everything below it. Returns the counterpart of the object's next sibling in the drawn tree.
     SceneObject* walkObject(SceneObject* object, SceneObject* counterpart)
     {
         SceneObject* beside = object;
-        if (isGroup(*object))
+        if (host.isGroup(*object))
             showGroup(object, counterpart);
         else if (!object->partOfGroup)
             beside = showPlain(object);
@@ -107,10 +108,10 @@ private:
     {
         place(object);
         SceneObject* const drawn = selectedLevel(object);
-        testBounds(drawn, object);
+        host.testBounds(drawn, object, view);
         if (object->visible) {
             lightAndPrepare(drawn, object);
-            visitor.visitFaces(view, object, drawn);
+            visitFaces(object, drawn);
         }
         return drawn;
     }
@@ -122,16 +123,15 @@ private:
 
         SceneObject* drawn = selectedLevel(group);
         if (drawn == group) drawn = counterpart;
-        testBounds(drawn, group);
+        host.testBounds(drawn, group, view);
         if (!group->visible) group->visible = anyPartVisible(group->firstChild, drawn->firstChild) ? 1 : 0;
         if (!group->visible) return;
 
         // All parts are prepared before any face is visited, which is why the parts of a group must not share vertices.
         lightAndPrepare(drawn, group);
         forEachPart(group, drawn, [this](SceneObject* part, SceneObject* shown) { lightAndPrepare(shown, part); });
-        visitor.visitFaces(view, group, drawn);
-        forEachPart(group, drawn,
-                    [this](SceneObject* part, SceneObject* shown) { visitor.visitFaces(view, part, shown); });
+        visitFaces(group, drawn);
+        forEachPart(group, drawn, [this](SceneObject* part, SceneObject* shown) { visitFaces(part, shown); });
     }
 
     void placeParts(SceneObject* parent)
@@ -166,7 +166,7 @@ private:
         for (; object; object = object->nextSibling) {
             counterpart = orItself(counterpart, object);
             if (isPart(*object)) {
-                testBounds(counterpart, object);
+                host.testBounds(counterpart, object, view);
                 if (object->visible || anyPartVisible(object->firstChild, counterpart->firstChild)) return true;
             }
             counterpart = counterpart->nextSibling;

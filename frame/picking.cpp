@@ -1,6 +1,6 @@
 #include "frame/picking.h"
 
-#include "frame/object_walk.h"
+#include "frame/trusted_host.h"
 #include "geometry/emission.h"
 
 namespace kardeno {
@@ -102,43 +102,24 @@ f32 depthAt(const ViewProjection& projection, const ScreenPolygon& outline, f64 
     return stored(dot(normal, p0) / dot(normal, ray));
 }
 
-// The visitor of the object walk that keeps the nearest face under the point.
-struct FacePicker {
-    static constexpr bool lights = false;
-
-    HostContext& context;
-    f32 x, y;
-    i32* faceIndex;
-    f32* depth;
-    SceneObject* nearest;
-
-    void visitFaces(RenderView* view, SceneObject* owner, SceneObject* drawn)
-    {
-        forEachTestedFace(*drawn, [&](SceneFace* face, i32 index) {
-            ScreenPolygon outline; // only the fields that the depth clippers and the tests read are set
-            if (!outlineOf(context, *view, *face, outline)) return;
-            if (!boxContains(outline, x, y) || !sidesContain(outline, x, y)) return;
-            const f32 z = depthAt(*view->projection, outline, x, y);
-            if (!(z < *depth)) return;
-            *depth = z;
-            *faceIndex = index;
-            nearest = owner;
-        });
-    }
-};
-
 } // namespace
+
+void NearestFace::consider(const RenderView& view, const SceneFace& face, i32 index, SceneObject* ownerOfFace)
+{
+    ScreenPolygon outline; // only the fields that the depth clippers and the tests read are set
+    if (!outlineOf(context, view, face, outline)) return;
+    if (!boxContains(outline, x, y) || !sidesContain(outline, x, y)) return;
+    const f32 z = depthAt(*view.projection, outline, x, y);
+    if (!(z < *depth)) return;
+    *depth = z;
+    *faceIndex = index;
+    owner = ownerOfFace;
+}
 
 SceneObject* pick(HostContext& context, RenderView* view, f32 x, f32 y, i32* faceIndex, f32* depth)
 {
-    if (!view->camera) return nullptr;
-    view->camera->functions->prepare(view->camera, view);
-
-    *depth = view->farZ;
-    *faceIndex = 0;
-    FacePicker picker = {context, x, y, faceIndex, depth, nullptr};
-    ObjectWalk(context, view, picker).walkRoots();
-    return picker.nearest;
+    TrustedHost host;
+    return pickOf(host, context, view, x, y, faceIndex, depth);
 }
 
 } // namespace kardeno

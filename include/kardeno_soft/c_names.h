@@ -24,6 +24,14 @@
 #undef f32
 #define f32 float
 
+#pragma push_macro("CheckedSizes")
+#undef CheckedSizes
+#define CheckedSizes KardenoCheckedSizes
+
+#pragma push_macro("checkedSizesMark")
+#undef checkedSizesMark
+#define checkedSizesMark kardenoCheckedSizesMark
+
 #pragma push_macro("Functions")
 #undef Functions
 #define Functions KardenoFunctions

@@ -17,6 +17,12 @@
 #undef f32
 #pragma pop_macro("f32")
 
+#undef CheckedSizes
+#pragma pop_macro("CheckedSizes")
+
+#undef checkedSizesMark
+#pragma pop_macro("checkedSizesMark")
+
 #undef Functions
 #pragma pop_macro("Functions")
 

@@ -10,6 +10,7 @@ enum { outcodeAll = 100 };
 #define f32 double
 #define Functions 7
 
+#include "kardeno_soft/checked.h"
 #include "kardeno_soft/kardeno_soft.h"
 
 f32 aDouble;
@@ -22,6 +23,15 @@ KardenoTextureMap map;
 KardenoFunctions functions;
 
 int sum(void);
+void tellSizes(KardenoHostContext* context);
+
+void tellSizes(KardenoHostContext* context)
+{
+    KardenoCheckedSizes* sizes = KARDENO_CHECKED_SIZES(context);
+    sizes->mark = kardenoCheckedSizesMark;
+    sizes->markAgain = ~sizes->mark;
+    sizes->vertexCount = 100;
+}
 
 int sum(void)
 {

@@ -84,5 +84,37 @@ class CheckExample(ToolTest):
         self.assert_fails(self.check("echo hello"), "drew no picture")
 
 
+class RunChecked(ToolTest):
+    SENTENCE = "echo 'kardeno_soft_checked: warning in A: object 0 at 0x1: wrong. Do it right. [normal-zero]' >&2"
+
+    def check(self, script, *options):
+        program = self.write("program", f"#!/bin/sh\n{script}\n")
+        program.chmod(0o755)
+        return self.run_tool("run_checked", *options, program)
+
+    def test_a_program_of_which_nothing_is_said_passes(self):
+        run = self.check("echo hello; echo something else >&2")
+        self.assert_passes(run)
+        self.assertEqual((run.stdout, run.stderr), ("hello\n", "something else\n"))
+
+    def test_a_program_of_which_something_is_said_fails(self):
+        run = self.check(self.SENTENCE)
+        self.assert_fails(run, "[normal-zero]")
+        self.assertIn("object 0", run.stderr)
+
+    def test_what_is_expected_has_to_be_said(self):
+        self.assert_passes(self.check(self.SENTENCE, "--but", "normal-zero"))
+        self.assert_fails(self.check("true", "--but", "normal-zero"), "[normal-zero]")
+
+    def test_a_program_that_fails_fails(self):
+        self.assertEqual(self.check("exit 3").returncode, 3)
+
+    def test_a_program_that_is_to_stop_has_to_end_at_the_first_sentence(self):
+        stops = f'{self.SENTENCE}; test -z "$KARDENO_CHECKED_STOP" || exit 3'
+        self.assert_passes(self.check(stops, "--stops"))
+        self.assert_fails(self.check(f"{self.SENTENCE}; exit 0", "--stops"), "ended with 0")
+        self.assert_fails(self.check(f"{self.SENTENCE}; {self.SENTENCE}; exit 3", "--stops"), "after 2 sentences")
+
+
 if __name__ == "__main__":
     unittest.main()
