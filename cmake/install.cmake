@@ -55,16 +55,19 @@ if(WIN32)
     endif()
 endif()
 
-# Documents and examples stand to each other as they do in the sources, where they name each other. Links of the guide
+# Documents and examples stand to each other as they do in the sources, where they name each other. Links of documents
 # to headers lead to the installed ones, and what is not installed is named without a link.
-file(RELATIVE_PATH guide_to_headers /prefix/${CMAKE_INSTALL_DOCDIR}/docs /prefix/${CMAKE_INSTALL_INCLUDEDIR})
-set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/host_guide.md)
-file(READ ${PROJECT_SOURCE_DIR}/docs/host_guide.md guide)
-string(REPLACE "](../include/" "](${guide_to_headers}/" guide "${guide}")
-string(REGEX REPLACE "\\[([^]]*)\\]\\((\\.\\./sample_host|performance\\.md)\\)" "\\1" guide "${guide}")
-file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/host_guide.md CONTENT "${guide}" @ONLY)
+file(RELATIVE_PATH documents_to_headers /prefix/${CMAKE_INSTALL_DOCDIR}/docs /prefix/${CMAKE_INSTALL_INCLUDEDIR})
+foreach(document host_guide.md checked_library.md)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/docs/${document})
+    file(READ ${PROJECT_SOURCE_DIR}/docs/${document} text)
+    string(REPLACE "](../include/" "](${documents_to_headers}/" text "${text}")
+    string(REGEX REPLACE "\\[([^]]*)\\]\\((\\.\\./sample_host|performance\\.md)\\)" "\\1" text "${text}")
+    file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/${document} CONTENT "${text}" @ONLY)
+endforeach()
 install(FILES LICENSE CHANGELOG.md DESTINATION ${CMAKE_INSTALL_DOCDIR})
-install(FILES ${PROJECT_BINARY_DIR}/host_guide.md docs/checked_library.md docs/records.md docs/records.json
+install(FILES ${PROJECT_BINARY_DIR}/host_guide.md ${PROJECT_BINARY_DIR}/checked_library.md
+    docs/records.md docs/records.json
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs)
 install(FILES docs/pictures/camera_space.svg docs/pictures/winding.svg docs/pictures/group_walk.svg
     DESTINATION ${CMAKE_INSTALL_DOCDIR}/docs/pictures)
