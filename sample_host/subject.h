@@ -2,7 +2,7 @@
 #pragma once
 
 #include "sample_host/host/model.h"
-#include "sample_host/models/scene_file.h"
+#include "sample_host/reading/scene_file.h"
 #include "sample_host/options.h"
 
 #include <iosfwd>

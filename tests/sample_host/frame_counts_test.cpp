@@ -1,6 +1,6 @@
 #include "sample_host/counts_in_words.h"
 #include "sample_host/host/frame_counts.h"
-#include "sample_host/models/scene_file.h"
+#include "sample_host/reading/scene_file.h"
 #include "sample_host/scenes/own_shapes.h"
 #include "sample_host/scenes/scenes.h"
 #include "tests/sample_host/linked_renderer.h"

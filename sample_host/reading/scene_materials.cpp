@@ -1,10 +1,6 @@
-#include "sample_host/models/scene_materials.h"
+#include "sample_host/reading/scene_materials.h"
 
-#include "sample_host/pictures/image_files.h"
 #include "sample_host/scenes/own_textures.h"
-
-#include <filesystem>
-#include <stdexcept>
 
 namespace sample_host {
 
@@ -20,14 +16,11 @@ constexpr OwnTexture ownTextures[]{
     {"leaded glass", leadedGlass},
 };
 
-SharedImage readTexture(const JsonEntry& entry, const std::string& folder)
+SharedImage readTexture(const JsonEntry& entry, const NamedFiles& files)
 {
-    const std::string file = (std::filesystem::path(folder) / entry.text()).generic_string();
-    try {
-        return std::make_shared<const Image>(resizedToPowersOfTwo(readImage(file)));
-    } catch (const std::runtime_error& reason) {
-        entry.failHere("the image '" + file + "' " + reason.what());
-    }
+    ImageReading reading = files.image(entry.text());
+    if (!reading.image) entry.failHere(reading.problem);
+    return reading.image;
 }
 
 SharedImage ownTexture(const JsonEntry& entry)
@@ -37,23 +30,23 @@ SharedImage ownTexture(const JsonEntry& entry)
     return ownTextures[entry.oneOf(names, "texture")].make();
 }
 
-SharedImage textureIn(const JsonEntry& entry, const std::string& folder)
+SharedImage textureIn(const JsonEntry& entry, const NamedFiles& files)
 {
     entry.mustBeObjectOf({"file", "own", "glow", "beam", "dimmed"});
     SharedImage image;
     int kinds = 0;
     for (const char* kind : {"file", "own", "glow", "beam"}) kinds += entry.has(kind);
     if (kinds != 1) entry.refuse("an object with one of the keys file, own, glow or beam");
-    if (entry.has("file")) image = readTexture(entry.at("file"), folder);
+    if (entry.has("file")) image = readTexture(entry.at("file"), files);
     if (entry.has("own")) image = ownTexture(entry.at("own"));
     if (entry.has("glow")) image = glow(entry.at("glow").colour());
     if (entry.has("beam")) image = beam(entry.at("beam").colour());
-    return entry.has("dimmed") ? dimmed(image, entry.at("dimmed").whole(0, 100)) : image;
+    return image && entry.has("dimmed") ? dimmed(image, entry.at("dimmed").whole(0, 100)) : image;
 }
 
 } // namespace
 
-MaterialRecipe materialIn(const JsonEntry& entry, const std::string& name, const std::string& folder)
+MaterialRecipe materialIn(const JsonEntry& entry, const std::string& name, const NamedFiles& files)
 {
     entry.mustBeObjectOf({"ambient", "diffuse", "specular", "tint", "shininess", "specular level", "half transparent",
                           "shading", "texture", "glows"});
@@ -72,7 +65,7 @@ MaterialRecipe materialIn(const JsonEntry& entry, const std::string& name, const
         recipe.shadingMode = modes[entry.at("shading").oneOf({"plain", "keyed", "added", "sprite over all", "sprite"},
                                                              "way of shading")];
     }
-    if (entry.has("texture")) recipe.image = textureIn(entry.at("texture"), folder);
+    if (entry.has("texture")) recipe.image = textureIn(entry.at("texture"), files);
     if (recipe.shadingMode != 0 && !recipe.image)
         entry.failHere("a material with a way of shading needs a texture; expected is the key 'texture'");
     if (recipe.shadingMode > 1 && recipe.transparency != 0)

@@ -1,4 +1,4 @@
-#include "sample_host/models/scene_meshes.h"
+#include "sample_host/reading/scene_meshes.h"
 
 #include "sample_host/scenes/own_shapes.h"
 
@@ -17,8 +17,7 @@ int materialIn(const JsonEntry& entry, const char* key, const Names& names)
 std::array<double, 2> twoOr(const JsonEntry& entry, const char* key, std::array<double, 2> absent)
 {
     if (!entry.has(key)) return absent;
-    const std::vector<JsonEntry> parts = entry.at(key).list();
-    if (parts.size() != 2) entry.at(key).refuse("a list of two numbers");
+    const std::vector<JsonEntry> parts = entry.at(key).listOf(2, "a list of two numbers");
     return {parts[0].number(), parts[1].number()};
 }
 
@@ -32,8 +31,8 @@ Board boardIn(const JsonEntry& entry)
     board.repeatRight = repeat[0];
     board.repeatUp = repeat[1];
     if (entry.has("hole")) {
-        const std::vector<JsonEntry> parts = entry.at("hole").list();
-        if (parts.size() != 4) entry.at("hole").refuse("the first column and row and the last ones, in a list");
+        const std::vector<JsonEntry> parts =
+            entry.at("hole").listOf(4, "the first column and row and the last ones, in a list");
         // The file counts from 1, and the last ones belong to the hole.
         board.hole = {parts[0].whole(1, most) - 1, parts[1].whole(1, most) - 1, parts[2].whole(1, most),
                       parts[3].whole(1, most)};
@@ -106,11 +105,11 @@ void addPolygonsOf(Mesh& mesh, const JsonEntry& entry, const Names& names)
     const Vector normal = unit(entry.at("normal").vector());
     const int first = int(mesh.positions.size());
     const std::vector<JsonEntry> vertices = entry.at("vertices").list();
-    if (vertices.empty()) entry.at("vertices").refuse("a list of places");
+    if (vertices.empty()) return entry.at("vertices").refuse("a list of places");
     for (const JsonEntry& vertex : vertices) mesh.addVertex(vertex.vector(), normal);
     for (const JsonEntry& polygon : entry.at("polygons").list()) {
         const std::vector<JsonEntry> numbers = polygon.list();
-        if (numbers.size() < 3 || numbers.size() > 10) polygon.refuse("a list of three to ten vertices");
+        if (numbers.size() < 3 || numbers.size() > 10) return polygon.refuse("a list of three to ten vertices");
         std::vector<Mesh::Corner> corners;
         for (const JsonEntry& number : numbers) corners.push_back({first + number.whole(1, int(vertices.size())) - 1});
         mesh.addPolygon(material, corners);
@@ -130,7 +129,7 @@ void addShape(Mesh& mesh, const JsonEntry& shape, const Names& names)
     if (kind == "column") return addColumnOf(mesh, entry, names);
     if (kind == "ring") return addRingOf(mesh, entry, names);
     if (kind == "sprite") return addSpriteOf(mesh, entry, names);
-    addPolygonsOf(mesh, entry, names);
+    if (kind == "polygons") addPolygonsOf(mesh, entry, names);
 }
 
 } // namespace sample_host

@@ -1,14 +1,11 @@
-#include "sample_host/models/scene_file.h"
+#include "sample_host/reading/scene_file.h"
 
-#include "sample_host/models/model_file.h"
-#include "sample_host/models/scene_materials.h"
-#include "sample_host/models/scene_meshes.h"
+#include "sample_host/reading/scene_materials.h"
+#include "sample_host/reading/scene_meshes.h"
 #include "sample_host/scenes/own_shapes.h"
 #include "sample_host/scenes/particle_movements.h"
 
 #include <algorithm>
-#include <filesystem>
-#include <stdexcept>
 #include <utility>
 
 namespace sample_host {
@@ -19,16 +16,31 @@ using Thing = SceneFile::Thing;
 
 constexpr std::size_t deepestTree = 32;
 
+std::string withoutFolderAndEnding(const std::string& name)
+{
+    const std::size_t slash = name.find_last_of("/\\");
+    const std::string last = slash == name.npos ? name : name.substr(slash + 1);
+    const std::size_t dot = last.find_last_of('.');
+    return dot == last.npos || dot == 0 ? last : last.substr(0, dot);
+}
+
 class Reader {
 public:
-    Reader(const std::string& name, const Progress& progress)
-        : folder_(std::filesystem::path(name).parent_path().string()), progress_(progress), json_(readJson(name)),
-          top_(name, json_)
+    Reader(const std::string& name, std::string_view text, const NamedFiles& files)
+        : files_(files), json_(name, text), top_(json_.top())
     {
-        result_.name = std::filesystem::path(name).stem().string();
+        result_.name = withoutFolderAndEnding(name);
     }
 
-    SceneFile read()
+    SceneReading read()
+    {
+        if (!json_.isBroken()) readTop();
+        if (json_.isBroken()) return {std::nullopt, json_.problem()};
+        return {std::move(result_), ""};
+    }
+
+private:
+    void readTop()
     {
         top_.mustBeObjectOf({"contents", "camera", "light", "materials", "meshes", "levels", "things", "objects"});
         result_.contents = top_.textOr("contents", "");
@@ -44,10 +56,8 @@ public:
                 things_.push_back(entry);
             }
         for (const JsonEntry& entry : top_.at("objects").list()) readObject(entry);
-        return std::move(result_);
     }
 
-private:
     void readCamera(const JsonEntry& entry)
     {
         entry.mustBeObjectOf(
@@ -87,7 +97,7 @@ private:
     void readMaterials(const JsonEntry& entry)
     {
         for (const auto& [name, material] : entry.members()) {
-            result_.materials.push_back(materialIn(material, name, folder_));
+            result_.materials.push_back(materialIn(material, name, files_));
             materialNames_.push_back(name);
         }
     }
@@ -109,8 +119,14 @@ private:
     Mesh modelIn(const JsonEntry& entry)
     {
         entry.mustBeObjectOf({"model"});
-        const std::string file = (std::filesystem::path(folder_) / entry.at("model").text()).generic_string();
-        Model model = readModelFor(entry.at("model"), file);
+        const std::string file = entry.at("model").text();
+        if (json_.isBroken()) return {};
+        ModelReading reading = files_.model(file);
+        if (!reading.model) {
+            entry.at("model").failHere(reading.problem);
+            return {};
+        }
+        Model& model = *reading.model;
         const int first = int(result_.materials.size());
         for (Mesh::Polygon& polygon : model.mesh.polygons) polygon.material += first;
         for (MaterialRecipe& recipe : model.materials) {
@@ -119,15 +135,6 @@ private:
         }
         for (std::string& remark : model.remarks) result_.remarks.push_back(std::move(remark));
         return std::move(model.mesh);
-    }
-
-    Model readModelFor(const JsonEntry& entry, const std::string& file) const
-    {
-        try {
-            return readModel(file, progress_);
-        } catch (const std::runtime_error& error) {
-            entry.failHere(error.what());
-        }
     }
 
     std::size_t meshOf(const JsonEntry& entry) const
@@ -147,8 +154,11 @@ private:
     Thing levelIn(const JsonEntry& entry, std::size_t depth) const
     {
         entry.mustBeObjectOf({"mesh", "children"});
-        if (depth == deepestTree) entry.failHere("the tree is too deep; expected are at most 32 levels");
         Thing level;
+        if (depth == deepestTree) {
+            entry.failHere("the tree is too deep; expected are at most 32 levels");
+            return level;
+        }
         level.mesh = meshOf(entry);
         if (entry.has("children"))
             for (const JsonEntry& child : entry.at("children").list())
@@ -170,7 +180,9 @@ private:
     Thing likeThing(const JsonEntry& entry) const
     {
         entry.mustBeObjectOf({"thing", "name", "place", "lead"});
-        const JsonEntry& described = things_[entry.at("thing").oneOf(thingNames_, "thing")];
+        const std::size_t number = entry.at("thing").oneOf(thingNames_, "thing");
+        if (json_.isBroken()) return {};
+        const JsonEntry& described = things_[number];
         Thing thing = thingIn(described, entry.vectorOr("place", {}), entry.numberOr("lead", 0), 0);
         const std::string name = entry.textOr("name", "");
         if (!name.empty()) nameAll(thing, name);
@@ -187,8 +199,11 @@ private:
     {
         entry.mustBeObjectOf({"name", "mesh", "place", "turn", "size", "turning", "swinging", "group", "part", "sprite",
                               "levels", "limits", "children"});
-        if (depth == deepestTree) entry.failHere("the tree is too deep; expected are at most 32 levels");
         Thing thing;
+        if (depth == deepestTree) {
+            entry.failHere("the tree is too deep; expected are at most 32 levels");
+            return thing;
+        }
         thing.name = entry.textOr("name", "");
         thing.mesh = meshOf(entry);
         thing.movement = movementIn(entry, offset, lead);
@@ -199,6 +214,7 @@ private:
         if (entry.has("children"))
             for (const JsonEntry& child : entry.at("children").list())
                 thing.children.push_back(thingIn(child, {}, lead, depth + 1));
+        if (json_.isBroken()) return thing;
         // A level is drawn part by part beside the thing's own tree.
         for (const std::size_t level : thing.levels)
             if (!sameShape(thing, result_.levels[level]))
@@ -271,7 +287,7 @@ private:
             meshes.push_back(result_.meshes.size());
             addSprite(result_.meshes.emplace_back(), int(material.oneOf(materialNames_, "material")), size);
         }
-        if (meshes.empty()) entry.at("materials").refuse("a list of materials");
+        if (meshes.empty()) return entry.at("materials").refuse("a list of materials");
         for (int i = 0; i < count; ++i) {
             Thing particle;
             particle.name = entry.textOr("name", "particle");
@@ -296,9 +312,8 @@ private:
         addParticles(entry, [=](int i, int count) { return burning(mouth, i, count); });
     }
 
-    std::string folder_;
-    const Progress& progress_;
-    Json json_;
+    const NamedFiles& files_;
+    JsonFile json_;
     JsonEntry top_;
     SceneFile result_;
     std::vector<std::string> materialNames_, levelNames_, thingNames_;
@@ -330,9 +345,9 @@ void addThing(Scene& scene, const SceneFile& file, std::span<Material* const> pa
 
 } // namespace
 
-SceneFile readSceneFile(const std::string& file, const Progress& progress)
+SceneReading readSceneText(const std::string& name, std::string_view text, const NamedFiles& files)
 {
-    return Reader(file, progress).read();
+    return Reader(name, text, files).read();
 }
 
 std::unique_ptr<Scene> buildSceneFile(Engine& engine, const SceneFile& file, const MaterialMode& mode,

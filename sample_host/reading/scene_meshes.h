@@ -2,7 +2,7 @@
 #pragma once
 
 #include "sample_host/host/mesh.h"
-#include "sample_host/models/json_entry.h"
+#include "sample_host/reading/json_file.h"
 
 namespace sample_host {
 

@@ -1,8 +1,11 @@
-// Scenes from JSON files; docs/scene_files.md says what may stand in them.
+// Scenes from the text of JSON files; docs/scene_files.md says what may stand in them.
 #pragma once
 
 #include "sample_host/host/progress.h"
 #include "sample_host/host/scene.h"
+#include "sample_host/reading/named_files.h"
+
+#include <string_view>
 
 namespace sample_host {
 
@@ -34,9 +37,14 @@ struct SceneFile {
     std::vector<std::string> remarks;
 };
 
-// Reads the file, and the models and images that it names, which lie beside it. Throws with a sentence that names the
-// file, the key and what is expected there.
-SceneFile readSceneFile(const std::string& file, const Progress& progress = {});
+// A scene, or a sentence on why there is none: it names the file, the line or the key, and what is expected there.
+struct SceneReading {
+    std::optional<SceneFile> scene;
+    std::string problem;
+};
+
+// Reads the text of a scene file. `files` opens the models and images that it names.
+SceneReading readSceneText(const std::string& name, std::string_view text, const NamedFiles& files);
 
 std::unique_ptr<Scene> buildSceneFile(Engine& engine, const SceneFile& file, const MaterialMode& mode,
                                       const Progress& progress = {});
