@@ -6,9 +6,6 @@
 #define TINYGLTF_NO_INCLUDE_JSON
 #define TINYGLTF_NO_STB_IMAGE
 #define TINYGLTF_NO_STB_IMAGE_WRITE
-#define JSON_NOEXCEPTION
-#define JSON_HAS_FILESYSTEM 0
-#define JSON_HAS_EXPERIMENTAL_FILESYSTEM 0
 
 #include <nlohmann/json.hpp>
 #include <tiny_gltf.h>

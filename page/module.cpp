@@ -5,6 +5,7 @@
 #include "page/json_text.h"
 #include "page/opened_row.h"
 #include "page/read_model.h"
+#include "page/read_scene.h"
 #include "page/stage.h"
 #include "sample_host/host/projected_outline.h"
 #include "sample_host/scenes/gallery.h"
@@ -105,19 +106,28 @@ EXPORTED(giveFile) void giveFile(const char* name, u32 nameBytes, const u8* byte
     givenFiles.push_back({std::string(name, nameBytes), std::vector<u8>(bytes, bytes + count)});
 }
 
-// Reads the model among the given files. Where there is none that can be used, the model before it stays.
-EXPORTED(takeModel) const char* takeModel()
+// Reads the scene file or, where there is none, the model among the given files. What cannot be used changes nothing.
+EXPORTED(takeFiles) const char* takeFiles()
 {
-    ModelReading reading = readModel(givenFiles);
-    givenFiles.clear();
     JsonText json;
-    json.beginObject().field("problem", reading.problem).key("remarks").beginArray();
-    if (reading.model) {
-        for (const std::string& remark : reading.model->remarks) json.value(remark);
-        json.endArray().field("name", reading.model->name);
-        stage().takeModel(std::move(*reading.model));
-    } else
+    json.beginObject();
+    const auto tell = [&](const char* kind, const auto& read, const std::string& problem) {
+        json.field("kind", kind).field("problem", problem).field("name", read ? read->name : "").key("remarks");
+        json.beginArray();
+        if (read)
+            for (const std::string& remark : read->remarks) json.value(remark);
         json.endArray();
+    };
+    if (sceneFileAmong(givenFiles)) {
+        SceneReading reading = readScene(givenFiles);
+        tell("scene", reading.scene, reading.problem);
+        if (reading.scene) stage().takeScene(std::move(*reading.scene));
+    } else {
+        ModelReading reading = readModel(givenFiles);
+        tell("model", reading.model, reading.problem);
+        if (reading.model) stage().takeModel(std::move(*reading.model));
+    }
+    givenFiles.clear();
     json.endObject();
     return answered(json);
 }

@@ -20,11 +20,16 @@ void Stage::build(const Choices& choices)
 
     const MaterialMode mode{choices.textures, choices.renderState, changeRecipe};
     chooseChanges(choices);
-    if (choices.scene < int(std::size(ownScenes))) {
+    constexpr int gallery = int(std::size(ownScenes));
+    if (choices.scene < gallery) {
         scene_ = ownScenes[choices.scene].build(*engine_, mode);
         return;
     }
-    if (choices.scene > int(std::size(ownScenes)) && model_) {
+    if (choices.scene == gallery + 2 && sceneFile_) {
+        scene_ = buildSceneFile(*engine_, *sceneFile_, mode);
+        return;
+    }
+    if (choices.scene == gallery + 1 && model_) {
         scene_ = buildModelScene(*engine_, *model_, mode);
         return;
     }

@@ -5,6 +5,7 @@
 #include "page/frame_record.h"
 #include "sample_host/host/model.h"
 #include "sample_host/host/scene.h"
+#include "sample_host/reading/scene_file.h"
 
 #include <memory>
 #include <optional>
@@ -15,7 +16,7 @@ using namespace sample_host;
 
 // What a scene is built from.
 struct Choices {
-    int scene = 0; // one of ownScenes; behind them all the gallery, and the model that was read
+    int scene = 0; // one of ownScenes; behind them the gallery, the model and the scene file that were read
     int galleryRow = 0;
     PixelFormat format = PixelFormat::rgb565;
     int renderState = 1;
@@ -33,6 +34,7 @@ public:
 
     void build(const Choices& choices);
     void takeModel(Model model) { model_ = std::move(model); }
+    void takeScene(SceneFile scene) { sceneFile_ = std::move(scene); }
     void resize(int width, int height);
 
     Scene& scene() { return *scene_; }
@@ -50,6 +52,7 @@ private:
     RendererTable renderer_;
     Choices choices_;
     std::optional<Model> model_;
+    std::optional<SceneFile> sceneFile_;
     int width_ = 640, height_ = 480;
     // In this order, because a scene releases its records through the engine.
     std::unique_ptr<Engine> engine_;

@@ -2,33 +2,11 @@
 // nothing.
 import assert from 'node:assert/strict';
 import { after, before, test } from 'node:test';
-import zlib from 'node:zlib';
 import { closePage, frameHash, openPage, settled, startBrowser, still, stopBrowser } from './browser.mjs';
+import { file, give, pixelsOfColour, png } from './given_files.mjs';
 
 before(startBrowser);
 after(stopBrowser);
-
-// A PNG of one colour, 16 x 16.
-function png(red, green, blue) {
-    const chunk = (name, data) => {
-        const body = Buffer.concat([Buffer.from(name), data]);
-        const length = Buffer.alloc(4);
-        length.writeUInt32BE(data.length);
-        const sum = Buffer.alloc(4);
-        let crc = 0xffffffff;
-        for (const byte of body) {
-            crc ^= byte;
-            for (let bit = 0; bit < 8; ++bit) crc = (crc >>> 1) ^ (crc & 1 ? 0xedb88320 : 0);
-        }
-        sum.writeUInt32BE((crc ^ 0xffffffff) >>> 0);
-        return Buffer.concat([length, body, sum]);
-    };
-    const head = Buffer.from([0, 0, 0, 16, 0, 0, 0, 16, 8, 2, 0, 0, 0]);
-    const row = [0, ...Array.from({ length: 16 }, () => [red, green, blue]).flat()];
-    const rows = Buffer.from(Array.from({ length: 16 }, () => row).flat());
-    return Buffer.concat([Buffer.from([137, 80, 78, 71, 13, 10, 26, 10]), chunk('IHDR', head),
-        chunk('IDAT', zlib.deflateSync(rows)), chunk('IEND', Buffer.alloc(0))]);
-}
 
 const tetrahedron = [
     'mtllib things/colours.mtl', 'usemtl painted',
@@ -36,8 +14,6 @@ const tetrahedron = [
     'f 1/1 2/2 3/3', 'f 1/1 3/2 4/3', 'f 1/1 4/2 2/3', 'f 2/1 4/2 3/3', '',
 ].join('\n');
 const colours = 'newmtl painted\nKd 0.2 0.8 0.2\nmap_Kd textures\\paint.png\n';
-
-const file = (name, content) => ({ name, mimeType: '', buffer: Buffer.from(content) });
 
 // The same shape as glTF: positions and indices in one buffer.
 function gltfParts() {
@@ -87,31 +63,6 @@ function glb() {
     head.writeUInt32LE(2, 4);
     head.writeUInt32LE(12 + parts.length, 8);
     return file('shape.glb', Buffer.concat([head, parts]));
-}
-
-async function give(page, files) {
-    await page.evaluate(() => document.getElementById('reading').replaceChildren());
-    await page.setInputFiles('#files', files);
-    await page.waitForFunction(() => {
-        const said = document.getElementById('reading').textContent;
-        return said !== '' && said !== 'Reading the files.';
-    });
-    await settled(page);
-    return page.textContent('#reading');
-}
-
-// How many pixels of the frame have a channel that outweighs the others by far.
-async function pixelsOfColour(page, channel) {
-    return page.evaluate((which) => {
-        const canvas = document.getElementById('frame');
-        const { data } = canvas.getContext('2d').getImageData(0, 0, canvas.width, canvas.height);
-        let count = 0;
-        for (let i = 0; i < data.length; i += 4) {
-            const [own, others] = [data[i + which], [0, 1, 2].filter((c) => c !== which).map((c) => data[i + c])];
-            if (own > 60 && own > 2 * Math.max(...others)) ++count;
-        }
-        return count;
-    }, channel);
 }
 
 test('an OBJ with its material file and image is drawn in the image', async () => {
@@ -261,14 +212,14 @@ test('after a module has trapped a new one draws the same scene', async () => {
     const earlier = await frameHash(page);
     await page.evaluate(() => {
         const { renderer } = window.kardeno;
-        const { readModel } = renderer;
-        renderer.readModel = () => {
-            renderer.readModel = readModel;
+        const { readFiles } = renderer;
+        renderer.readFiles = () => {
+            renderer.readFiles = readFiles;
             throw new window.WebAssembly.RuntimeError('unreachable');
         };
     });
     const said = await give(page, [gltf()]);
-    assert.equal(said, "The model cannot be used: 'shape.gltf' is broken, or larger than the memory of this page.");
+    assert.equal(said, "The files cannot be used: 'shape.gltf' is broken, or larger than the memory of this page.");
     assert.equal(await frameHash(page), earlier);
     assert.equal(await give(page, [gltf()]), "The model 'shape' is shown.");
     await closePage(page);
