@@ -1,9 +1,10 @@
 // What the page's scripts call. Numbers go in and out as they are, records as addresses in the module's memory, and
 // everything else as JSON text, which stays where it is until the next call that returns text.
 #include "host/render_modes.h"
-#include "page/frame_parts.h"
+#include "inspector/frame_parts.h"
+#include "inspector/frame_summary.h"
+#include "inspector/opened_row.h"
 #include "page/json_text.h"
-#include "page/opened_row.h"
 #include "page/read_model.h"
 #include "page/read_scene.h"
 #include "page/stage.h"
@@ -12,6 +13,7 @@
 #include "sample_host/scenes/scenes.h"
 
 using namespace page;
+using namespace inspector;
 
 #define EXPORTED(name) extern "C" __attribute__((export_name(#name)))
 
@@ -208,22 +210,11 @@ EXPORTED(framePitch) int framePitch()
 EXPORTED(inspect) const char* inspect(double phase)
 {
     inspectFrame(phase, -1);
-    const FrameRecord& record = stage().record();
-    i32 fates[4]{}, cut = 0, lists[3]{};
-    for (const FaceRecord& face : record.faces) {
-        ++fates[int(face.fate)];
-        if (face.fate == FaceFate::recorded && face.cut) ++cut;
-        if (face.list >= 0) ++lists[face.list];
-    }
-    const page::FrameCounts& counts = frameParts().counts();
     JsonText json;
-    json.beginObject().field("objects", record.objectsPrepared).field("facesTested", i32(record.faces.size()));
-    json.field("facesHidden", fates[int(FaceFate::hidden)]).field("facesOutside", fates[int(FaceFate::outside)]);
-    json.field("facesOnOneRow", fates[int(FaceFate::oneRow)]).field("facesCut", cut);
-    json.field("polygons", i32(frameParts().polygons().size()));
-    json.field("resolved", lists[0]).field("sorted", lists[1]).field("lateSorted", lists[2]);
-    json.field("edges", counts.edges).field("spans", counts.spans).field("backgroundSpans", counts.backgroundSpans);
-    json.field("pixels", counts.pixels).field("depthComparisons", counts.depthComparisons).endObject();
+    json.beginObject();
+    forEachCount(summaryOf(stage().record(), frameParts()),
+                 [&](const char* name, i32 count) { json.field(name, count); });
+    json.endObject();
     return answered(json);
 }
 

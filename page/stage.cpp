@@ -9,7 +9,7 @@
 
 namespace page {
 
-Stage::Stage() : renderer_(recordingRenderer(linkedRenderer())) {}
+Stage::Stage() : renderer_(recordingRenderer(linkedRenderer(), noteMaterial)) {}
 
 void Stage::build(const Choices& choices)
 {

@@ -2,7 +2,7 @@
 // buffer that it is drawn into.
 #pragma once
 
-#include "page/frame_record.h"
+#include "inspector/frame_record.h"
 #include "sample_host/host/model.h"
 #include "sample_host/host/scene.h"
 #include "sample_host/reading/scene_file.h"
@@ -13,6 +13,7 @@
 namespace page {
 
 using namespace sample_host;
+using namespace inspector;
 
 // What a scene is built from.
 struct Choices {

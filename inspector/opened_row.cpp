@@ -1,4 +1,4 @@
-#include "page/opened_row.h"
+#include "inspector/opened_row.h"
 
 #include "geometry/side_counts.h"
 #include "spanbuffer/depth_plane.h"
@@ -8,7 +8,7 @@
 #include <algorithm>
 #include <map>
 
-namespace page {
+namespace inspector {
 
 namespace {
 
@@ -248,4 +248,4 @@ std::vector<OutlineRow> outlineRows(const StoredPolygon& polygon, i32 width, i32
     return result;
 }
 
-} // namespace page
+} // namespace inspector

@@ -1,9 +1,9 @@
-#include "page/followed_face.h"
+#include "inspector/followed_face.h"
 
 #include "geometry/billboards.h"
 #include "host/host_context.h"
 
-namespace page {
+namespace inspector {
 
 namespace {
 
@@ -84,4 +84,4 @@ FollowedFace followFace(const RenderView& view, const SceneFace& face)
     return Follower(view).follow(face);
 }
 
-} // namespace page
+} // namespace inspector

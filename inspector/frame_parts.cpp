@@ -1,15 +1,15 @@
-#include "page/frame_parts.h"
+#include "inspector/frame_parts.h"
 
 #include "geometry/depth_sort.h"
 #include "host/render_modes.h"
-#include "page/opened_row.h"
+#include "inspector/opened_row.h"
 #include "raster/flat_fills.h"
 #include "spanbuffer/edge_table.h"
 
 #include <algorithm>
 #include <map>
 
-namespace page {
+namespace inspector {
 
 namespace {
 
@@ -137,4 +137,4 @@ FrameParts& frameParts()
     return parts;
 }
 
-} // namespace page
+} // namespace inspector

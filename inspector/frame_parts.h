@@ -3,10 +3,10 @@
 #pragma once
 
 #include "geometry/polygon_lists.h"
-#include "page/frame_record.h"
+#include "inspector/frame_record.h"
 #include "sample_host/host/scene.h"
 
-namespace page {
+namespace inspector {
 
 // What scripts read of a polygon; all fields take four bytes.
 struct PaintedPolygon {
@@ -23,7 +23,7 @@ struct PaintedSpan {
     i32 polygon; // its place in the order of painting; -1: the background
 };
 
-struct FrameCounts {
+struct PartCounts {
     i32 edges, spans, backgroundSpans;
     i32 pixels; // that polygons write, each as often as it is written
     i32 depthComparisons;
@@ -36,7 +36,7 @@ public:
 
     const std::vector<PaintedPolygon>& polygons() const { return polygons_; }
     const std::vector<PaintedSpan>& spans() const { return spans_; }
-    const FrameCounts& counts() const { return counts_; }
+    const PartCounts& counts() const { return counts_; }
     const kardeno::StoredPolygon& stored(i32 polygon) const { return *stored_[std::size_t(polygon)]; }
     // The place of a polygon in the order of painting, from its place in the two resolved lists one after the other.
     i32 placeOf(i32 resolvedIndex) const { return places_[std::size_t(resolvedIndex)]; }
@@ -53,11 +53,11 @@ private:
     std::vector<const kardeno::StoredPolygon*> stored_;
     std::vector<i32> places_;
     std::vector<PaintedSpan> spans_;
-    FrameCounts counts_{};
+    PartCounts counts_{};
     std::vector<u16> painted_;
     u32 pitch_ = 0;
 };
 
 FrameParts& frameParts();
 
-} // namespace page
+} // namespace inspector

@@ -1,17 +1,17 @@
-#include "page/frame_record.h"
+#include "inspector/frame_record.h"
 
 #include "geometry/face_steps.h"
 #include "geometry/polygon_lists.h"
 #include "host/host_context.h"
-#include "page/recipe_changes.h"
 
 #include <deque>
 
-namespace page {
+namespace inspector {
 
 namespace {
 
 RendererTable behind; // the renderer's own functions
+void (*announcedMaterial)(const SceneMaterial* material) = nullptr;
 
 // What the lists held when the last face was tested.
 struct ListMark {
@@ -110,15 +110,16 @@ i32 addObject(const void* object)
 
 i32 addMaterial(SceneMaterial* material)
 {
-    noteMaterial(material);
+    if (announcedMaterial) announcedMaterial(material);
     return behind.addMaterial(material);
 }
 
 } // namespace
 
-RendererTable recordingRenderer(const RendererTable& renderer)
+RendererTable recordingRenderer(const RendererTable& renderer, void (*announced)(const SceneMaterial* material))
 {
     behind = renderer;
+    announcedMaterial = announced;
     RendererTable table = renderer;
     table.addFace = addFace;
     table.addObject = addObject;
@@ -142,4 +143,4 @@ void endRecord()
     record = nullptr;
 }
 
-} // namespace page
+} // namespace inspector

@@ -1,13 +1,13 @@
-// How each face of a frame fared. The renderer's functions are handed to the engine through a table; the page puts its
-// own in front of those that announce objects, faces and materials, and thereby stands between the renderer and the
-// host's callbacks. It watches the renderer's lists between two face tests, so it knows which face became which polygon
+// How each face of a frame fared. The renderer's functions are handed to the engine through a table; functions of the
+// inspector stand in front of those that announce objects, faces and materials, and thereby between the renderer and
+// the host's callbacks. It watches the renderer's lists between two face tests, so it knows which face became which polygon
 // although neither of them says so. Nothing that is drawn depends on any of this.
 #pragma once
 
-#include "page/followed_face.h"
+#include "inspector/followed_face.h"
 #include "sample_host/host/object.h"
 
-namespace page {
+namespace inspector {
 
 using namespace sample_host;
 
@@ -35,11 +35,12 @@ struct FrameRecord {
     FollowedFace followed;
 };
 
-// The table with the page's functions in front.
-RendererTable recordingRenderer(const RendererTable& renderer);
+// The table with the inspector's functions in front. `announced` is told of each material before the renderer is.
+RendererTable recordingRenderer(const RendererTable& renderer,
+                                void (*announced)(const SceneMaterial* material) = nullptr);
 
 // Between these two calls the record is filled by the frame that is drawn. It notes the stages of one face's clipping.
 void startRecord(FrameRecord& record, i32 followed);
 void endRecord();
 
-} // namespace page
+} // namespace inspector

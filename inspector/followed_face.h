@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-namespace page {
+namespace inspector {
 
 struct FollowedFace {
     struct Corner {
@@ -24,4 +24,4 @@ struct FollowedFace {
 // Called where the renderer is about to emit the face, when its vertices are prepared.
 FollowedFace followFace(const kardeno::RenderView& view, const kardeno::SceneFace& face);
 
-} // namespace page
+} // namespace inspector

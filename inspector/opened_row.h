@@ -1,4 +1,4 @@
-// A scanline opened up. The renderer resolves a row in place and forgets how it did; the page resolves it once more
+// A scanline opened up. The renderer resolves a row in place and forgets how it did; here it is resolved once more
 // from the polygons of the lists, in the plainest form: no tables, no shortcuts. What comes out is compared with the
 // spans that the renderer made.
 #pragma once
@@ -7,7 +7,7 @@
 
 #include <vector>
 
-namespace page {
+namespace inspector {
 
 using namespace kardeno;
 
@@ -41,4 +41,4 @@ struct OutlineRow {
 };
 std::vector<OutlineRow> outlineRows(const StoredPolygon& polygon, i32 width, i32 height);
 
-} // namespace page
+} // namespace inspector
