@@ -11,7 +11,6 @@ namespace inspector {
 namespace {
 
 RendererTable behind; // the renderer's own functions
-void (*announcedMaterial)(const SceneMaterial* material) = nullptr;
 
 // What the lists held when the last face was tested.
 struct ListMark {
@@ -108,22 +107,14 @@ i32 addObject(const void* object)
     return behind.addObject(object);
 }
 
-i32 addMaterial(SceneMaterial* material)
-{
-    if (announcedMaterial) announcedMaterial(material);
-    return behind.addMaterial(material);
-}
-
 } // namespace
 
-RendererTable recordingRenderer(const RendererTable& renderer, void (*announced)(const SceneMaterial* material))
+RendererTable recordingRenderer(const RendererTable& renderer)
 {
     behind = renderer;
-    announcedMaterial = announced;
     RendererTable table = renderer;
     table.addFace = addFace;
     table.addObject = addObject;
-    table.addMaterial = addMaterial;
     return table;
 }
 

@@ -1,7 +1,7 @@
 // How each face of a frame fared. The renderer's functions are handed to the engine through a table; functions of the
-// inspector stand in front of those that announce objects, faces and materials, and thereby between the renderer and
-// the host's callbacks. It watches the renderer's lists between two face tests, so it knows which face became which polygon
-// although neither of them says so. Nothing that is drawn depends on any of this.
+// inspector stand in front of those that announce objects and faces, and thereby between the renderer and
+// the host's callbacks. They watch the renderer's lists between two face tests and so find out which face became which
+// polygon, although neither of them says so. Nothing that is drawn depends on any of this.
 #pragma once
 
 #include "inspector/followed_face.h"
@@ -35,9 +35,8 @@ struct FrameRecord {
     FollowedFace followed;
 };
 
-// The table with the inspector's functions in front. `announced` is told of each material before the renderer is.
-RendererTable recordingRenderer(const RendererTable& renderer,
-                                void (*announced)(const SceneMaterial* material) = nullptr);
+// The table with the inspector's functions in front.
+RendererTable recordingRenderer(const RendererTable& renderer);
 
 // Between these two calls the record is filled by the frame that is drawn. It notes the stages of one face's clipping.
 void startRecord(FrameRecord& record, i32 followed);

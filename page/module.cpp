@@ -49,10 +49,16 @@ void addCorner(JsonText& json, double x, double y, double depth)
     json.beginArray().value(x).value(y).value(depth).endArray();
 }
 
+// All materials of a frame are the sample host's own.
+const std::string& nameOf(const SceneMaterial& material)
+{
+    return static_cast<const Material&>(material).name;
+}
+
 void addFace(JsonText& json, const FaceRecord& face)
 {
     json.field("object", face.object->name).field("face", face.index);
-    json.field("material", stage().nameOf(face.face->material));
+    json.field("material", nameOf(*face.face->material));
     json.field("corners", face.face->vertexCount).field("cut", face.cut);
 }
 
@@ -145,9 +151,7 @@ const char* build(int scene, int galleryRow, int bitsPerPixel, int renderState, 
     choices.format = bitsPerPixel == 16 ? PixelFormat::rgb565 : PixelFormat::rgb555;
     choices.renderState = renderState;
     choices.textures = palettised ? TextureKind::palettised : TextureKind::trueColour;
-    choices.shadingMode = shadingMode;
-    choices.transparency = transparency;
-    choices.largestTexture = largestTexture;
+    choices.changes = {shadingMode, transparency, largestTexture};
     stage().build(choices);
 
     const Camera& camera = stage().scene().camera;
@@ -258,7 +262,7 @@ EXPORTED(pick) const char* pick(double phase, int x, int y)
         const i32 polygon = polygonOfFace(number);
         json.field("object", found.object->name).field("face", found.face).field("depth", double(found.depth));
         json.field("polygon", polygon);
-        if (number >= 0) json.field("material", stage().nameOf(faces[std::size_t(number)].face->material));
+        if (number >= 0) json.field("material", nameOf(*faces[std::size_t(number)].face->material));
         if (polygon >= 0) json.field("row", rowName(frameParts().polygons()[std::size_t(polygon)].row));
         json.key("outline").beginArray();
         const View view(stage().scene().camera, stage().frame().width, stage().frame().height, stage().frame().pitch);

@@ -1,6 +1,5 @@
 #include "page/stage.h"
 
-#include "page/recipe_changes.h"
 #include "sample_host/host/host_memory.h"
 #include "sample_host/host/renderer_linked.h"
 #include "sample_host/scenes/gallery.h"
@@ -9,7 +8,7 @@
 
 namespace page {
 
-Stage::Stage() : renderer_(recordingRenderer(linkedRenderer(), noteMaterial)) {}
+Stage::Stage() : renderer_(recordingRenderer(linkedRenderer())) {}
 
 void Stage::build(const Choices& choices)
 {
@@ -18,8 +17,7 @@ void Stage::build(const Choices& choices)
     engine_ = std::make_unique<Engine>(renderer_, choices.format);
     resize(width_, height_);
 
-    const MaterialMode mode{choices.textures, choices.renderState, changeRecipe};
-    chooseChanges(choices);
+    const MaterialMode mode{choices.textures, choices.renderState, choices.changes};
     constexpr int gallery = int(std::size(ownScenes));
     if (choices.scene < gallery) {
         scene_ = ownScenes[choices.scene].build(*engine_, mode);
@@ -36,7 +34,7 @@ void Stage::build(const Choices& choices)
     // A row of the gallery has its own mode; only the row's material is changed, not the stage around it.
     std::vector<GalleryRow> rows = galleryRows();
     GalleryRow& row = rows[std::size_t(choices.galleryRow) % rows.size()];
-    changeRecipe(row.recipe);
+    changeRecipe(row.recipe, choices.changes, choices.renderState);
     scene_ = buildGalleryScene(*engine_, row);
 }
 
@@ -52,11 +50,6 @@ void Stage::drawRecorded(double phase, i32 followed)
     startRecord(record_, followed);
     scene_->draw(*frame_, phase);
     endRecord();
-}
-
-const std::string& Stage::nameOf(const SceneMaterial* material) const
-{
-    return nameOfMaterial(material);
 }
 
 Stage& stage()

@@ -22,11 +22,7 @@ struct Choices {
     PixelFormat format = PixelFormat::rgb565;
     int renderState = 1;
     TextureKind textures = TextureKind::trueColour;
-    int shadingMode = asTheSceneHasIt;  // 0, 1 or 2
-    int transparency = asTheSceneHasIt; // 0 or 50
-    int largestTexture = 0;             // sides of textures are halved down to this; 0: as they are
-
-    static constexpr int asTheSceneHasIt = -1;
+    RecipeChanges changes;
 };
 
 class Stage {
@@ -46,8 +42,6 @@ public:
     // -1: none.
     void drawRecorded(double phase, i32 followed);
     const FrameRecord& record() const { return record_; }
-
-    const std::string& nameOf(const SceneMaterial* material) const;
 
 private:
     RendererTable renderer_;

@@ -37,9 +37,8 @@ Scene::~Scene()
 
 Material* Scene::addMaterial(const MaterialRecipe& recipe)
 {
-    if (!mode_.change) return &materials_.emplace_back(surroundings_.engine, recipe, mode_);
     MaterialRecipe changed = recipe;
-    mode_.change(changed);
+    changeRecipe(changed, mode_.changes, mode_.renderState);
     return &materials_.emplace_back(surroundings_.engine, changed, mode_);
 }
 
