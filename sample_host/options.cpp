@@ -34,7 +34,8 @@ commands, which may stand before or behind the model:
                           pixels, and what happens inside of the renderer: faces
                           tested and cut, edges, spans, depths compared; as text or
                           as JSON. The option --stats means the same
-  window                  shows the scene in a window: drag turns it, a click picks
+  window                  shows the scene in a window: drag turns it, a click picks,
+                          and the keys below choose how it is drawn
   gallery                 the contact sheets of the render modes, in both pixel
                           formats, and a picture of each of the scenes
 

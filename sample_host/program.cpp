@@ -41,7 +41,7 @@ void openViewer(const RendererTable& renderer, const Subject& subject, const Opt
 void run(const Options& options, const std::string& library, std::ostream& out, std::ostream& errors)
 {
     if (options.command == Command::help) {
-        out << usage;
+        out << usage << "\nIn the window:\n" << Viewer::help;
         return;
     }
     if (options.command == Command::version) {

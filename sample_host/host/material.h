@@ -33,7 +33,7 @@ enum class TextureKind { trueColour, palettised };
 // before it makes materials of them.
 struct MaterialMode {
     TextureKind textures = TextureKind::trueColour;
-    i32 renderState = 0; // 0: unlit; 1 and 2: lit
+    i32 renderState = 0; // 0: unlit; 1 and 2: lit; 3: flat colours, whatever the material is
     RecipeChanges changes{};
 };
 

@@ -54,8 +54,27 @@ xdotool key 0
 title_has "unlit, 16-bit maps"
 xdotool key f
 title_has "5-5-5"
+xdotool key f
+title_has "5-6-5"
+xdotool key s
+title_has "16-bit maps, plain, "
+xdotool key h
+title_has "plain, opaque, "
+xdotool key x
+title_has "opaque, textures up to 128, "
+xdotool key k
+title_has "near plane 0.125, "
+xdotool key u
+title_has "far plane 24, "
+xdotool key 3
+title_has "room: flat colours, "
+xdotool key r
+title_has "room: lit, 640x480"
 xdotool key Tab
 title_has "robots: "
+xdotool key l
+title_has "robots: lit, level 0, "
+xdotool key F1
 xdotool windowsize "$window" 800 500
 title_has "800x500"
 xdotool key F11
