@@ -97,6 +97,21 @@ test('glTF as text and in one file are drawn alike, in the base colour', async (
     await closePage(page);
 });
 
+test('a corner that a sparse accessor moves is drawn where it was moved to', async () => {
+    const page = await openPage(`#${still}`);
+    await give(page, [gltf()]);
+    const whole = await frameHash(page);
+    // Corner 0, the top, takes the place of corner 1 by an index and a value of the buffer's own.
+    const sparse = gltf((json) => {
+        json.accessors[0].sparse = {
+            count: 1, indices: { bufferView: 1, componentType: 5123 }, values: { bufferView: 0, byteOffset: 12 },
+        };
+    });
+    assert.equal((await give(page, [sparse])).startsWith("The model 'shape' is shown."), true);
+    assert.notEqual(await frameHash(page), whole);
+    await closePage(page);
+});
+
 test('a glTF whose buffer is another file takes it from the files that were given', async () => {
     const page = await openPage(`#${still}`);
     const { bytes } = gltfParts();
@@ -139,7 +154,8 @@ const bad = {
     'text that is no glTF': [[file('bad.gltf', '{"asset": ')], "'bad.gltf' cannot be read as glTF 2.0"],
     'a broken GLB': [[file('bad.glb', 'glTF and nothing else, at all')], "'bad.glb' cannot be read as glTF 2.0"],
     'an accessor beyond its buffer': [
-        [gltf((json) => { json.accessors[0].count = 4000; })], 'go beyond the end of their buffer',
+        [gltf((json) => { json.accessors[0].count = 4000; })],
+        "'shape.gltf': the positions of the mesh 'shape', accessor 0: its elements do not lie inside of a buffer",
     ],
     'an index beyond the positions': [
         [gltf((json) => { json.accessors[0].count = 2; })], 'name a position that is not there',
@@ -153,6 +169,11 @@ const bad = {
     ],
     'nodes in a circle': [
         [gltf((json) => { json.nodes[0].children = [0]; })], 'lies in a circle of nodes',
+    ],
+    'nodes that share their children': [
+        [gltf((json) => {
+            json.nodes = Array.from({ length: 60 }, (unused, i) => ({ children: i < 59 ? [i + 1, i + 1] : [] }));
+        })], 'has more than one parent',
     ],
     'values of another kind': [
         [gltf((json) => { json.meshes = 7; json.nodes[0].mesh = 'one'; })], "'shape.gltf'",

@@ -1,10 +1,7 @@
 // The numbers of a glTF file: what its accessors say about bytes in its buffers.
 #pragma once
 
-#define TINYGLTF_NO_STB_IMAGE
-#define TINYGLTF_NO_STB_IMAGE_WRITE
-#define TINYGLTF_NO_EXTERNAL_IMAGE
-#include <tiny_gltf.h>
+#include "sample_host/reading/gltf_parser.h"
 
 #include <span>
 #include <string>
@@ -13,15 +10,19 @@
 namespace sample_host {
 
 // All numbers of an accessor, element by element, `width` for each; numbers that stand for fractions are made
-// fractions. Throws with a sentence that begins with `who` when the accessor has another width than one of `widths`, or
-// lies outside its buffer.
+// fractions. Or a sentence on why there are none.
 struct GltfNumbers {
     std::size_t width = 0;
     std::vector<double> numbers;
+    std::string problem;
 
     std::size_t count() const { return width ? numbers.size() / width : 0; }
     const double* of(std::size_t element) const { return &numbers[element * width]; }
 };
+
+// The accessor may be a sparse one: its elements, or zeros where it has none, with some of them replaced. The sentence
+// begins with `who` and tells that the accessor has another width than one of `widths`, or what lies outside of its
+// buffer.
 GltfNumbers numbersOf(const tinygltf::Model& file, int accessor, std::span<const std::size_t> widths,
                       const std::string& who);
 
