@@ -64,7 +64,7 @@ export function listenForFiles(renderer, input, said, { taken, set, restarted })
         try {
             given = await bytesOf(files);
         } catch (error) {
-            say(`The files cannot be used: ${error.message}.`);
+            say(`The files cannot be used: ${error.message.replace(/[.]$/, '')}.`);
             return;
         }
         const isSettings = given.map(settingsOf);

@@ -269,6 +269,8 @@ class Page {
     showRate(time) {
         const since = time - this.shownSecond.began;
         if (since < 500) return;
+        place('speed').hidden = this.shownSecond.frames === 0;
+        place('still').hidden = this.shownSecond.frames > 0;
         place('rate').textContent = String(Math.round((this.shownSecond.frames * 1000) / since));
         this.shownSecond = { began: time, frames: 0 };
         if (this.times.length === 0) return;
