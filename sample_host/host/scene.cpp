@@ -58,9 +58,8 @@ Object& Scene::addObject(const Mesh& mesh, std::span<Material* const> palette, M
         parent->addChild(object);
         return object;
     }
-    SceneObject** end = &firstRoot_;
-    while (*end) end = &(*end)->nextRoot;
-    *end = &object;
+    (lastRoot_ ? lastRoot_->nextRoot : firstRoot_) = &object;
+    lastRoot_ = &object;
     return object;
 }
 
