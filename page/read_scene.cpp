@@ -27,6 +27,22 @@ ImageReading imageNamed(const GivenFiles& files, const std::string& name)
     return reading;
 }
 
+// Of a thing and all that is in it.
+std::size_t polygonsOf(const SceneFile& scene, const SceneFile::Thing& thing)
+{
+    std::size_t count = scene.meshes[thing.mesh].polygons.size();
+    for (const SceneFile::Thing& child : thing.children) count += polygonsOf(scene, child);
+    return count;
+}
+
+std::size_t polygonsOf(const SceneFile& scene)
+{
+    std::size_t count = 0;
+    for (const std::vector<SceneFile::Thing>* things : {&scene.objects, &scene.levels})
+        for (const SceneFile::Thing& thing : *things) count += polygonsOf(scene, thing);
+    return count;
+}
+
 } // namespace
 
 const GivenFile* sceneFileAmong(const GivenFiles& files)
@@ -43,9 +59,13 @@ SceneReading readScene(const GivenFiles& files)
         if (isScene(file) && &file != &scene)
             return {std::nullopt, "'" + scene.name + "' and '" + file.name
                                       + "' are two scenes; expected is one, with its models and images"};
-    return readSceneText(scene.name, scene.text(),
-                         {[&](const std::string& name) { return modelNamed(files, name); },
-                          [&](const std::string& name) { return imageNamed(files, name); }});
+    SceneReading reading = readSceneText(scene.name, scene.text(),
+                                         {[&](const std::string& name) { return modelNamed(files, name); },
+                                          [&](const std::string& name) { return imageNamed(files, name); }});
+    if (const std::size_t count = reading.scene ? polygonsOf(*reading.scene) : 0; count > mostTriangles)
+        return {std::nullopt, "'" + scene.name + "' has " + std::to_string(count) + " polygons; the page takes up to "
+                                  + std::to_string(mostTriangles)};
+    return reading;
 }
 
 } // namespace page

@@ -15,20 +15,25 @@ async function bytesOf(files) {
     })));
 }
 
-// The settings in a file; null when it is another one. Text that is no JSON is left to the reader of scenes, which
+// The settings in a file; undefined when it is another one. Text that is no JSON is left to the reader of scenes, which
 // tells the line.
 function settingsOf({ name, bytes }) {
-    if (!/\.json$/i.test(name)) return null;
+    if (!/\.json$/i.test(name)) return undefined;
     try {
         return settingsIn(JSON.parse(new TextDecoder().decode(bytes)));
     } catch {
-        return null;
+        return undefined;
     }
+}
+
+// A problem as the end of a sentence; some end as one already.
+function ended(problem) {
+    return /[.?!]$/.test(problem) ? problem : `${problem}.`;
 }
 
 /** Listens for files. `said` is the element for sentences; `taken({ kind, name, text })` is called when a model or a
  *  scene was read, `set(values)` with settings, which gives a problem or nothing, and `restarted()` when the module had
- *  to be started anew. */
+ *  to be started anew; it has read the model and the scene from before again. */
 export function listenForFiles(renderer, input, said, { taken, set, restarted }) {
     const say = (sentence, remarks = []) => {
         said.replaceChildren(element('p', {}, [sentence]));
@@ -36,20 +41,24 @@ export function listenForFiles(renderer, input, said, { taken, set, restarted })
             said.append(element('ul', {}, remarks.map((remark) => element('li', {}, [remark]))));
     };
 
+    const shown = {}; // by their kind, the files that were shown last
+
     // Gives whether the files could be used.
     const readScene = async (given) => {
         try {
             const { kind, problem, remarks, name } = renderer.readFiles(given);
             if (problem) {
-                say(`The ${kind} cannot be used: ${problem}.`);
+                say(`The ${kind} cannot be used: ${ended(problem)}`);
                 return false;
             }
             const scene = kind === 'scene' && given.find((file) => /\.json$/i.test(file.name));
             taken({ kind, name, text: scene ? new TextDecoder().decode(scene.bytes) : '' });
+            shown[kind] = given;
             say(`The ${kind} '${name}' is shown.`, remarks);
             return true;
         } catch {
             await renderer.restart();
+            for (const files of Object.values(shown)) renderer.readFiles(files);
             restarted();
             say(`The files cannot be used: '${given[0].name}' is broken, or larger than the memory of this page.`);
             return false;
@@ -64,12 +73,12 @@ export function listenForFiles(renderer, input, said, { taken, set, restarted })
         try {
             given = await bytesOf(files);
         } catch (error) {
-            say(`The files cannot be used: ${error.message.replace(/[.]$/, '')}.`);
+            say(`The files cannot be used: ${ended(error.message)}`);
             return;
         }
-        const isSettings = given.map(settingsOf);
-        const scene = given.filter((file, i) => !isSettings[i]);
-        const [at, another] = isSettings.flatMap((settings, i) => (settings ? [i] : []));
+        const settings = given.map(settingsOf);
+        const scene = given.filter((file, i) => settings[i] === undefined);
+        const [at, another] = settings.flatMap((held, i) => (held === undefined ? [] : [i]));
         if (another !== undefined) {
             say(`The settings cannot be used: '${given[at].name}' and '${given[another].name}' are two of them.`);
             return;
@@ -78,10 +87,10 @@ export function listenForFiles(renderer, input, said, { taken, set, restarted })
             await readScene(scene);
             return;
         }
-        const { values, problem } = fromSettings(isSettings[at]);
+        const { values, problem } = fromSettings(settings[at]);
         if (!problem && scene.length > 0 && !await readScene(scene)) return;
         const fault = problem || set(values);
-        if (fault) say(`The settings cannot be used: '${given[at].name}', ${fault}.`);
+        if (fault) say(`The settings cannot be used: '${given[at].name}', ${ended(fault)}`);
         else say(`The settings of '${given[at].name}' are set.`);
     };
 

@@ -66,6 +66,7 @@ class Page {
         this.isAsked = true;
         this.picked = null;
         this.ownNames = {}; // of the model and the scene that were read from files
+        this.before = null; // what was shown before files whose scene is being built
         this.sceneTexts = JSON.parse(place('scene-files').textContent);
         this.lastTick = 0;
         this.shownSecond = { began: 0, frames: 0 };
@@ -91,7 +92,7 @@ class Page {
         listenForFiles(this.renderer, place('files'), place('reading'), {
             taken: (read) => this.showOwn(read),
             set: (values) => this.useSettings(values),
-            restarted: () => this.forgetOwn(),
+            restarted: () => this.showAgain(),
         });
         place('save').addEventListener('click', () => this.savePicture());
         place('settings').addEventListener('click', () => this.saveSettings());
@@ -143,28 +144,43 @@ class Page {
     // Shows a model or a scene that was read from files.
     showOwn({ kind, name, text }) {
         const value = kind === 'scene' ? 'file' : 'model';
-        const { scene } = place('choices').elements;
-        if (!this.ownNames[value]) scene.append(element('option', { value }));
-        scene.querySelector(`[value=${value}]`).textContent =
-            kind === 'scene' ? `scene file: ${name}` : `model: ${name}`;
-        this.ownNames[value] = name;
+        this.before = { values: state(), names: this.ownNames, text: this.sceneTexts.file };
+        this.ownNames = { ...this.ownNames, [value]: name };
         if (kind === 'scene') this.sceneTexts.file = text;
-        if (state().scene === value) {
-            this.rebuild();
-            this.inspector.forgetFrame();
-            this.forget();
-            this.ask();
-        }
+        this.offerOwn();
+        if (state().scene === value) this.rebuildFrom(state());
         change({ scene: value });
+        this.before = null;
     }
 
-    // A module that was started anew has nothing that was read.
-    forgetOwn() {
-        this.ownNames = {};
+    // What was read, in the list of scenes.
+    offerOwn() {
         const { scene } = place('choices').elements;
-        for (const option of [...scene.options]) if (['model', 'file'].includes(option.value)) option.remove();
-        this.knowScene();
-        this.rebuild();
+        for (const [value, kind] of [['model', 'model'], ['file', 'scene file']]) {
+            const text = `${kind}: ${this.ownNames[value]}`;
+            const option = scene.querySelector(`[value=${value}]`);
+            if (!(value in this.ownNames)) option?.remove();
+            else if (option) option.textContent = text;
+            else scene.append(element('option', { value }, [text]));
+        }
+    }
+
+    // A module was started anew. What it had trapped at is not shown; what was there before is.
+    showAgain() {
+        if (this.before) {
+            this.ownNames = this.before.names;
+            this.sceneTexts.file = this.before.text;
+        }
+        this.offerOwn();
+        this.rebuildFrom(this.before?.values ?? state());
+        this.before = null;
+    }
+
+    rebuildFrom(values) {
+        if (values === state()) this.rebuild();
+        else change(values);
+        this.inspector.forgetFrame();
+        this.forget();
         this.ask();
     }
 

@@ -105,9 +105,9 @@ export function toSettings() {
     return { [settingsKey]: current };
 }
 
-/** What a file holds as settings; null when it is another file. */
+/** What a file holds as settings; undefined when it is another file. */
 export function settingsIn(json) {
-    return json !== null && typeof json === 'object' && Object.hasOwn(json, settingsKey) ? json[settingsKey] : null;
+    return json !== null && typeof json === 'object' ? json[settingsKey] : undefined;
 }
 
 function expectedOf(key) {

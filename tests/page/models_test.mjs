@@ -227,6 +227,28 @@ test('a second model takes the place of the first', async () => {
     await closePage(page);
 });
 
+test('after a module has trapped at a scene, the model from before is shown again from the same place', async () => {
+    const page = await openPage(`#${still}`);
+    await give(page, [gltf()]);
+    await page.evaluate(() => window.kardeno.change({ turn: 0.2 }));
+    await settled(page);
+    const earlier = await frameHash(page);
+    await page.evaluate(() => {
+        const { renderer } = window.kardeno;
+        const { build } = renderer;
+        renderer.build = () => {
+            renderer.build = build;
+            throw new window.WebAssembly.RuntimeError('unreachable');
+        };
+    });
+    const said = await give(page, [file('other.json', '{"objects": []}')]);
+    assert.equal(said, "The files cannot be used: 'other.json' is broken, or larger than the memory of this page.");
+    assert.equal(await frameHash(page), earlier);
+    assert.equal(await page.inputValue('[name=scene]'), 'model');
+    assert.equal(await page.locator('[name=scene] option[value=file]').count(), 0);
+    await closePage(page);
+});
+
 test('after a module has trapped a new one draws the same scene', async () => {
     const page = await openPage(`#${still}&turn=0.2`);
     await settled(page);

@@ -93,6 +93,15 @@ const bad = {
     'a model that is broken': [
         [file('board.json', boardAndModel), file('red.obj', 'v 0 0 0\nf 1 2 3\n'), file('blue.png', png(1, 2, 3))],
         "meshes.square.model: 'red.obj', line 2: a face names the vertex '2'; expected is a number from 1 to 1"],
+    'more polygons than anybody waits for': [[file('m.json', JSON.stringify({
+        materials: { a: {} },
+        meshes: {
+            b: [{
+                board: { material: 'a', corner: [0, 0, 0], right: [1, 0, 0], up: [0, 1, 0], columns: 256, rows: 256 },
+            }],
+        },
+        objects: Array(4).fill({ mesh: 'b' }),
+    }))], "'m.json' has 262144 polygons; the page takes up to 200000"],
     'two scenes': [[file('a.json', '{"objects": []}'), file('b.json', '{"objects": []}')],
         "'a.json' and 'b.json' are two scenes"],
 };
@@ -155,6 +164,7 @@ const badSettings = {
     '{"zom": 1}': 'zom: there is no such setting; expected are scene, row, size, ',
     '{"scene": "hall"}': "scene: there is no 'hall'; expected is one of those that the page offers",
     '[1]': 'settings of the page: expected is an object with keys in braces',
+    null: 'settings of the page: expected is an object with keys in braces',
 };
 test('settings that mean nothing give a sentence with file, key and what is expected, and change nothing', async () => {
     const page = await openPage(`#${still}&scene=robots`);
