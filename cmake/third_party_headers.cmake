@@ -10,3 +10,8 @@ endforeach()
 
 add_library(third_party_headers INTERFACE)
 target_include_directories(third_party_headers SYSTEM INTERFACE ${headers})
+# A module has neither exceptions nor files.
+if(CMAKE_SYSTEM_PROCESSOR STREQUAL "wasm32")
+    target_compile_definitions(third_party_headers INTERFACE
+        JSON_NOEXCEPTION JSON_HAS_FILESYSTEM=0 JSON_HAS_EXPERIMENTAL_FILESYSTEM=0 TINYGLTF_NOEXCEPTION TINYGLTF_NO_FS)
+endif()

@@ -2,4 +2,4 @@
 #define TINYGLTF_IMPLEMENTATION
 #include <fstream>
 
-#include "page/gltf_parser.h"
+#include "sample_host/reading/gltf_parser.h"

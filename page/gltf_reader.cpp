@@ -1,8 +1,7 @@
-#include "page/gltf_parser.h"
 #include "page/read_model.h"
+#include "sample_host/reading/gltf_numbers.h"
 
 #include <algorithm>
-#include <cstring>
 #include <span>
 
 namespace page {
@@ -73,6 +72,7 @@ public:
         plain_ = int(recipes_.size());
         recipes_.push_back({.name = "plain", .diffuse = {190, 190, 186}});
 
+        isAdded_.resize(gltf_.nodes.size());
         std::vector<int> roots;
         const std::size_t chosen = gltf_.defaultScene >= 0 ? std::size_t(gltf_.defaultScene) : 0;
         if (chosen < gltf_.scenes.size()) roots = gltf_.scenes[chosen].nodes;
@@ -144,20 +144,19 @@ private:
     // The bytes of an image's file; none when it is not there, or goes beyond the end of its buffer.
     std::span<const unsigned char> bytesOf(const tinygltf::Image& image) const
     {
-        if (image.bufferView < 0) return image.image;
-        if (std::size_t(image.bufferView) >= gltf_.bufferViews.size()) return {};
-        const tinygltf::BufferView& view = gltf_.bufferViews[std::size_t(image.bufferView)];
-        if (view.buffer < 0 || std::size_t(view.buffer) >= gltf_.buffers.size()) return {};
-        const std::span<const unsigned char> buffer = gltf_.buffers[std::size_t(view.buffer)].data;
-        if (view.byteOffset > buffer.size() || view.byteLength > buffer.size() - view.byteOffset) return {};
-        return buffer.subspan(view.byteOffset, view.byteLength);
+        return image.bufferView < 0 ? image.image : sample_host::bytesOf(gltf_, image.bufferView);
     }
 
     bool addNode(int number, const Placement& parent, int depth)
     {
-        constexpr int deepest = 64; // nodes that name one another in a circle end here
-        if (number < 0 || std::size_t(number) >= gltf_.nodes.size() || depth > deepest)
-            return fails(": node " + std::to_string(number) + " is not there, or lies in a circle of nodes");
+        constexpr int deepest = 64;
+        if (number < 0 || std::size_t(number) >= gltf_.nodes.size())
+            return fails(": node " + std::to_string(number) + " is not there");
+        if (isAdded_[std::size_t(number)])
+            return fails(": node " + std::to_string(number)
+                         + " has more than one parent, or lies in a circle of nodes");
+        if (depth > deepest) return fails(": its tree of nodes is too deep; expected are at most 64 levels");
+        isAdded_[std::size_t(number)] = true;
         const tinygltf::Node& node = gltf_.nodes[std::size_t(number)];
         const Placement place = parent * placementOf(node);
         if (node.mesh >= 0) {
@@ -173,56 +172,13 @@ private:
         return true;
     }
 
-    // The numbers of an accessor, each element as `width` of them. Fails when the file has fewer bytes than it says.
-    bool numbers(int accessorNumber, int width, const std::string& what, std::vector<double>& result)
+    // The numbers of an accessor, each element as `width` of them.
+    bool numbers(int accessor, std::size_t width, const std::string& what, std::vector<double>& result)
     {
-        const auto missing = [&](const std::string& why) { return fails(": " + what + " " + why); };
-        if (accessorNumber < 0 || std::size_t(accessorNumber) >= gltf_.accessors.size())
-            return missing("name an accessor that is not there");
-        const tinygltf::Accessor& accessor = gltf_.accessors[std::size_t(accessorNumber)];
-        if (accessor.sparse.isSparse) return missing("are stored sparsely, which the page does not read");
-        if (accessor.bufferView < 0 || std::size_t(accessor.bufferView) >= gltf_.bufferViews.size())
-            return missing("have no buffer view");
-        const tinygltf::BufferView& view = gltf_.bufferViews[std::size_t(accessor.bufferView)];
-        if (view.buffer < 0 || std::size_t(view.buffer) >= gltf_.buffers.size()) return missing("have no buffer");
-        const std::vector<unsigned char>& bytes = gltf_.buffers[std::size_t(view.buffer)].data;
-
-        const int size = tinygltf::GetComponentSizeInBytes(std::uint32_t(accessor.componentType));
-        const int components = tinygltf::GetNumComponentsInType(std::uint32_t(accessor.type));
-        if (size <= 0 || components < width) return missing("have an unknown type");
-        const std::size_t element = std::size_t(size) * std::size_t(components);
-        const std::size_t stride = view.byteStride ? view.byteStride : element;
-        // Each part is looked at first, so that no sum or product of them wraps round.
-        const std::size_t end = bytes.size();
-        if (view.byteOffset > end || accessor.byteOffset > end || accessor.count > end || stride > end)
-            return missing("go beyond the end of their buffer");
-        const std::uint64_t first = std::uint64_t(view.byteOffset) + accessor.byteOffset;
-        const std::uint64_t lastElement = accessor.count ? std::uint64_t(accessor.count - 1) * stride : 0;
-        if (first + lastElement + element > end) return missing("go beyond the end of their buffer");
-
-        result.reserve(accessor.count * std::size_t(width));
-        for (std::size_t i = 0; i < accessor.count; ++i)
-            for (int c = 0; c < width; ++c)
-                result.push_back(component(bytes.data() + first + i * stride + std::size_t(c * size),
-                                           accessor.componentType, accessor.normalized));
+        GltfNumbers read = numbersOf(gltf_, accessor, {&width, 1}, what);
+        if (!read.problem.empty()) return fails(": " + read.problem);
+        result = std::move(read.numbers);
         return true;
-    }
-
-    static double component(const unsigned char* at, int type, bool normalized)
-    {
-        const auto taken = [&]<class Number>(Number number, double greatest) {
-            std::memcpy(&number, at, sizeof number);
-            return normalized ? double(number) / greatest : double(number);
-        };
-        switch (type) {
-        case TINYGLTF_COMPONENT_TYPE_BYTE: return taken(std::int8_t{}, 127);
-        case TINYGLTF_COMPONENT_TYPE_UNSIGNED_BYTE: return taken(std::uint8_t{}, 255);
-        case TINYGLTF_COMPONENT_TYPE_SHORT: return taken(std::int16_t{}, 32767);
-        case TINYGLTF_COMPONENT_TYPE_UNSIGNED_SHORT: return taken(std::uint16_t{}, 65535);
-        case TINYGLTF_COMPONENT_TYPE_UNSIGNED_INT: return taken(std::uint32_t{}, 4294967295.0);
-        case TINYGLTF_COMPONENT_TYPE_FLOAT: return taken(float{}, 1);
-        default: return 0;
-        }
     }
 
     bool addPrimitive(const tinygltf::Mesh& mesh, const tinygltf::Primitive& primitive, const Placement& place)
@@ -291,6 +247,7 @@ private:
     Triangles triangles_;
     std::vector<MaterialRecipe> recipes_;
     std::vector<std::string> remarks_;
+    std::vector<bool> isAdded_; // of each node
     int plain_ = 0;
     std::string problem_; // goes on after the file's name
 };

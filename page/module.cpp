@@ -1,16 +1,19 @@
 // What the page's scripts call. Numbers go in and out as they are, records as addresses in the module's memory, and
 // everything else as JSON text, which stays where it is until the next call that returns text.
 #include "host/render_modes.h"
-#include "page/frame_parts.h"
+#include "inspector/frame_parts.h"
+#include "inspector/frame_summary.h"
+#include "inspector/opened_row.h"
 #include "page/json_text.h"
-#include "page/opened_row.h"
 #include "page/read_model.h"
+#include "page/read_scene.h"
 #include "page/stage.h"
 #include "sample_host/host/projected_outline.h"
 #include "sample_host/scenes/gallery.h"
 #include "sample_host/scenes/scenes.h"
 
 using namespace page;
+using namespace inspector;
 
 #define EXPORTED(name) extern "C" __attribute__((export_name(#name)))
 
@@ -46,10 +49,16 @@ void addCorner(JsonText& json, double x, double y, double depth)
     json.beginArray().value(x).value(y).value(depth).endArray();
 }
 
+// All materials of a frame are the sample host's own.
+const std::string& nameOf(const SceneMaterial& material)
+{
+    return static_cast<const Material&>(material).name;
+}
+
 void addFace(JsonText& json, const FaceRecord& face)
 {
     json.field("object", face.object->name).field("face", face.index);
-    json.field("material", stage().nameOf(face.face->material));
+    json.field("material", nameOf(*face.face->material));
     json.field("corners", face.face->vertexCount).field("cut", face.cut);
 }
 
@@ -105,19 +114,28 @@ EXPORTED(giveFile) void giveFile(const char* name, u32 nameBytes, const u8* byte
     givenFiles.push_back({std::string(name, nameBytes), std::vector<u8>(bytes, bytes + count)});
 }
 
-// Reads the model among the given files. Where there is none that can be used, the model before it stays.
-EXPORTED(takeModel) const char* takeModel()
+// Reads the scene file or, where there is none, the model among the given files. What cannot be used changes nothing.
+EXPORTED(takeFiles) const char* takeFiles()
 {
-    ModelReading reading = readModel(givenFiles);
-    givenFiles.clear();
     JsonText json;
-    json.beginObject().field("problem", reading.problem).key("remarks").beginArray();
-    if (reading.model) {
-        for (const std::string& remark : reading.model->remarks) json.value(remark);
-        json.endArray().field("name", reading.model->name);
-        stage().takeModel(std::move(*reading.model));
-    } else
+    json.beginObject();
+    const auto tell = [&](const char* kind, const auto& read, const std::string& problem) {
+        json.field("kind", kind).field("problem", problem).field("name", read ? read->name : "").key("remarks");
+        json.beginArray();
+        if (read)
+            for (const std::string& remark : read->remarks) json.value(remark);
         json.endArray();
+    };
+    if (sceneFileAmong(givenFiles)) {
+        SceneReading reading = readScene(givenFiles);
+        tell("scene", reading.scene, reading.problem);
+        if (reading.scene) stage().takeScene(std::move(*reading.scene));
+    } else {
+        ModelReading reading = readModel(givenFiles);
+        tell("model", reading.model, reading.problem);
+        if (reading.model) stage().takeModel(std::move(*reading.model));
+    }
+    givenFiles.clear();
     json.endObject();
     return answered(json);
 }
@@ -133,9 +151,7 @@ const char* build(int scene, int galleryRow, int bitsPerPixel, int renderState, 
     choices.format = bitsPerPixel == 16 ? PixelFormat::rgb565 : PixelFormat::rgb555;
     choices.renderState = renderState;
     choices.textures = palettised ? TextureKind::palettised : TextureKind::trueColour;
-    choices.shadingMode = shadingMode;
-    choices.transparency = transparency;
-    choices.largestTexture = largestTexture;
+    choices.changes = {shadingMode, transparency, largestTexture};
     stage().build(choices);
 
     const Camera& camera = stage().scene().camera;
@@ -198,22 +214,11 @@ EXPORTED(framePitch) int framePitch()
 EXPORTED(inspect) const char* inspect(double phase)
 {
     inspectFrame(phase, -1);
-    const FrameRecord& record = stage().record();
-    i32 fates[4]{}, cut = 0, lists[3]{};
-    for (const FaceRecord& face : record.faces) {
-        ++fates[int(face.fate)];
-        if (face.fate == FaceFate::recorded && face.cut) ++cut;
-        if (face.list >= 0) ++lists[face.list];
-    }
-    const page::FrameCounts& counts = frameParts().counts();
     JsonText json;
-    json.beginObject().field("objects", record.objectsPrepared).field("facesTested", i32(record.faces.size()));
-    json.field("facesHidden", fates[int(FaceFate::hidden)]).field("facesOutside", fates[int(FaceFate::outside)]);
-    json.field("facesOnOneRow", fates[int(FaceFate::oneRow)]).field("facesCut", cut);
-    json.field("polygons", i32(frameParts().polygons().size()));
-    json.field("resolved", lists[0]).field("sorted", lists[1]).field("lateSorted", lists[2]);
-    json.field("edges", counts.edges).field("spans", counts.spans).field("backgroundSpans", counts.backgroundSpans);
-    json.field("pixels", counts.pixels).field("depthComparisons", counts.depthComparisons).endObject();
+    json.beginObject();
+    forEachCount(summaryOf(stage().record(), frameParts()),
+                 [&](const char* name, i32 count) { json.field(name, count); });
+    json.endObject();
     return answered(json);
 }
 
@@ -257,7 +262,7 @@ EXPORTED(pick) const char* pick(double phase, int x, int y)
         const i32 polygon = polygonOfFace(number);
         json.field("object", found.object->name).field("face", found.face).field("depth", double(found.depth));
         json.field("polygon", polygon);
-        if (number >= 0) json.field("material", stage().nameOf(faces[std::size_t(number)].face->material));
+        if (number >= 0) json.field("material", nameOf(*faces[std::size_t(number)].face->material));
         if (polygon >= 0) json.field("row", rowName(frameParts().polygons()[std::size_t(polygon)].row));
         json.key("outline").beginArray();
         const View view(stage().scene().camera, stage().frame().width, stage().frame().height, stage().frame().pitch);

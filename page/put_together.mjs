@@ -1,5 +1,5 @@
-// Puts the page together: one HTML file that holds the module, the scripts and the style, so that it opens from any
-// static server and by a double click.
+// Puts the page together: one HTML file that holds the module, the scripts, the style and the scenes as files, so that
+// it opens from any static server and by a double click.
 //
 //   node page/put_together.mjs MODULE.wasm INDEX.html
 //
@@ -23,9 +23,16 @@ for (const name of fs.readdirSync(path.join(folder, 'scripts')).filter((file) =>
     imports[`#page/${name}`] = `data:text/javascript;base64,${Buffer.from(script).toString('base64')}`;
 }
 
+// The texts of the scene files by their names. They stand inside of an HTML element, which a '<' could end.
+const scenes = {};
+const sceneFolder = path.join(folder, '../sample_host/scenes');
+for (const name of fs.readdirSync(sceneFolder).filter((file) => file.endsWith('.json')).sort())
+    scenes[path.basename(name, '.json')] = fs.readFileSync(path.join(sceneFolder, name), 'utf8');
+
 const parts = {
     STYLE: read('style.css'),
     IMPORT_MAP: JSON.stringify({ imports }),
+    SCENES: JSON.stringify(scenes).replaceAll('<', '\\u003c'),
     MODULE: fs.readFileSync(moduleFile).toString('base64'),
 };
 const page = read('index.html').replace(/<!--PUT (\w+)-->/g, (mark, name) => {

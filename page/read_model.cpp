@@ -74,11 +74,19 @@ ModelReading readModel(const GivenFiles& files)
         if (endsIn(file.name, ".obj") || endsIn(file.name, ".gltf") || endsIn(file.name, ".glb"))
             models.push_back(&file);
     if (models.empty())
-        return {std::nullopt, "there is no model among the files; expected is one that ends in .obj, .gltf or .glb"};
+        return {std::nullopt,
+                "there is no model among the files; expected is one that ends in .obj, .gltf or .glb, or a scene "
+                "in .json"};
     if (models.size() > 1)
         return {std::nullopt, "'" + models[0]->name + "' and '" + models[1]->name
                                   + "' are two models; expected is one, with its materials and images"};
-    return endsIn(models[0]->name, ".obj") ? readObj(files, *models[0]) : readGltf(files, *models[0]);
+    return readModelFile(files, *models[0]);
+}
+
+ModelReading readModelFile(const GivenFiles& files, const GivenFile& file)
+{
+    const bool isGltf = endsIn(file.name, ".gltf") || endsIn(file.name, ".glb");
+    return isGltf ? readGltf(files, file) : readObj(files, file);
 }
 
 ModelReading finished(const GivenFile& file, const Triangles& triangles, std::vector<MaterialRecipe> materials,

@@ -3,22 +3,18 @@
 #pragma once
 
 #include "page/given_files.h"
-#include "sample_host/host/model.h"
-
-#include <optional>
+#include "sample_host/reading/named_files.h"
 
 namespace page {
 
 using namespace sample_host;
 
-struct ModelReading {
-    std::optional<Model> model; // with remarks on what was left out
-    std::string problem;        // a sentence that names the file, when there is no model
-};
-
-// Reads the one model among the files: OBJ with its materials and images, or glTF 2.0 as text or in one file.
+// Reads the one model among the files: OBJ with its materials and images, or glTF 2.0 as text or in one file. The model
+// has remarks on what was left out.
 ModelReading readModel(const GivenFiles& files);
 
+// Reads this model of them.
+ModelReading readModelFile(const GivenFiles& files, const GivenFile& file);
 ModelReading readObj(const GivenFiles& files, const GivenFile& file);
 ModelReading readGltf(const GivenFiles& files, const GivenFile& file);
 
@@ -53,11 +49,8 @@ inline constexpr std::size_t mostTriangles = 200000;
 ModelReading finished(const GivenFile& file, const Triangles& triangles, std::vector<MaterialRecipe> materials,
                       std::vector<std::string> remarks);
 
-// An image as the renderer takes it, its sides resized to powers of two; or a null pointer and why not.
-struct ImageReading {
-    std::shared_ptr<const Image> image;
-    std::string problem; // goes on after "the image"
-};
+// An image as the renderer takes it, its sides resized to powers of two. The problem is what goes on after the image's
+// name.
 ImageReading readImage(const std::uint8_t* bytes, std::size_t count, bool keepsHoles);
 
 } // namespace page

@@ -1,6 +1,5 @@
 #include "page/stage.h"
 
-#include "page/recipe_changes.h"
 #include "sample_host/host/host_memory.h"
 #include "sample_host/host/renderer_linked.h"
 #include "sample_host/scenes/gallery.h"
@@ -18,20 +17,24 @@ void Stage::build(const Choices& choices)
     engine_ = std::make_unique<Engine>(renderer_, choices.format);
     resize(width_, height_);
 
-    const MaterialMode mode{choices.textures, choices.renderState, changeRecipe};
-    chooseChanges(choices);
-    if (choices.scene < int(std::size(ownScenes))) {
+    const MaterialMode mode{choices.textures, choices.renderState, choices.changes};
+    constexpr int gallery = int(std::size(ownScenes));
+    if (choices.scene < gallery) {
         scene_ = ownScenes[choices.scene].build(*engine_, mode);
         return;
     }
-    if (choices.scene > int(std::size(ownScenes)) && model_) {
+    if (choices.scene == gallery + 2 && sceneFile_) {
+        scene_ = buildSceneFile(*engine_, *sceneFile_, mode);
+        return;
+    }
+    if (choices.scene == gallery + 1 && model_) {
         scene_ = buildModelScene(*engine_, *model_, mode);
         return;
     }
     // A row of the gallery has its own mode; only the row's material is changed, not the stage around it.
     std::vector<GalleryRow> rows = galleryRows();
     GalleryRow& row = rows[std::size_t(choices.galleryRow) % rows.size()];
-    changeRecipe(row.recipe);
+    changeRecipe(row.recipe, choices.changes, choices.renderState);
     scene_ = buildGalleryScene(*engine_, row);
 }
 
@@ -47,11 +50,6 @@ void Stage::drawRecorded(double phase, i32 followed)
     startRecord(record_, followed);
     scene_->draw(*frame_, phase);
     endRecord();
-}
-
-const std::string& Stage::nameOf(const SceneMaterial* material) const
-{
-    return nameOfMaterial(material);
 }
 
 Stage& stage()

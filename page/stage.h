@@ -2,9 +2,10 @@
 // buffer that it is drawn into.
 #pragma once
 
-#include "page/frame_record.h"
+#include "inspector/frame_record.h"
 #include "sample_host/host/model.h"
 #include "sample_host/host/scene.h"
+#include "sample_host/reading/scene_file.h"
 
 #include <memory>
 #include <optional>
@@ -12,19 +13,16 @@
 namespace page {
 
 using namespace sample_host;
+using namespace inspector;
 
 // What a scene is built from.
 struct Choices {
-    int scene = 0; // one of ownScenes; behind them all the gallery, and the model that was read
+    int scene = 0; // one of ownScenes; behind them the gallery, the model and the scene file that were read
     int galleryRow = 0;
     PixelFormat format = PixelFormat::rgb565;
     int renderState = 1;
     TextureKind textures = TextureKind::trueColour;
-    int shadingMode = asTheSceneHasIt;  // 0, 1 or 2
-    int transparency = asTheSceneHasIt; // 0 or 50
-    int largestTexture = 0;             // sides of textures are halved down to this; 0: as they are
-
-    static constexpr int asTheSceneHasIt = -1;
+    RecipeChanges changes;
 };
 
 class Stage {
@@ -33,6 +31,7 @@ public:
 
     void build(const Choices& choices);
     void takeModel(Model model) { model_ = std::move(model); }
+    void takeScene(SceneFile scene) { sceneFile_ = std::move(scene); }
     void resize(int width, int height);
 
     Scene& scene() { return *scene_; }
@@ -44,12 +43,11 @@ public:
     void drawRecorded(double phase, i32 followed);
     const FrameRecord& record() const { return record_; }
 
-    const std::string& nameOf(const SceneMaterial* material) const;
-
 private:
     RendererTable renderer_;
     Choices choices_;
     std::optional<Model> model_;
+    std::optional<SceneFile> sceneFile_;
     int width_ = 640, height_ = 480;
     // In this order, because a scene releases its records through the engine.
     std::unique_ptr<Engine> engine_;

@@ -26,7 +26,8 @@ std::string percent(double part, double whole)
 
 } // namespace
 
-std::string countsAsText(const std::string& sceneName, const FrameCounts& counts)
+std::string countsAsText(const std::string& sceneName, const FrameCounts& counts,
+                         const std::optional<inspector::FrameSummary>& inside)
 {
     std::string cuts;
     for (std::size_t i = 0; i < counts.clipped.size(); ++i)
@@ -52,10 +53,25 @@ std::string countsAsText(const std::string& sceneName, const FrameCounts& counts
                       + " of the picture's " + number(counts.pixelsOfPicture) + " ("
                       + percent(double(counts.pixelsCovered), counts.pixelsOfPicture) + "), " + perPixel
                       + " times each");
+    if (!inside) {
+        text +=
+            "  inside     not counted: the library draws another frame than the renderer that this program brings\n";
+        return text;
+    }
+    text += "inside of the renderer\n";
+    add("faces", number(inside->facesTested) + " tested: " + number(inside->facesHidden) + " show their backs, "
+                     + number(inside->facesOutside) + " lie outside, " + number(inside->facesOnOneRow) + " on one row, "
+                     + number(inside->polygons) + " are polygons now, " + number(inside->facesCut) + " of them cut");
+    add("lists", number(inside->resolved) + " resolved, " + number(inside->sorted) + " sorted by depth, "
+                     + number(inside->lateSorted) + " sorted and painted late");
+    add("scanlines", many(inside->edges, "edge", "edges") + ", " + number(inside->depthComparisons)
+                         + " depths compared, " + number(inside->spans) + " spans of polygons, "
+                         + number(inside->backgroundSpans) + " of the background");
+    add("written", many(inside->pixels, "pixel", "pixels") + ", each as often as it is written");
     return text;
 }
 
-std::string countsAsJson(const FrameCounts& counts)
+std::string countsAsJson(const FrameCounts& counts, const std::optional<inspector::FrameSummary>& inside)
 {
     nlohmann::ordered_json json;
     json["objects"] = counts.objects;
@@ -71,6 +87,8 @@ std::string countsAsJson(const FrameCounts& counts)
     json["pixelsDrawn"] = counts.pixelsDrawn;
     json["pixelsCovered"] = counts.pixelsCovered;
     json["pixelsOfPicture"] = counts.pixelsOfPicture;
+    json["inside"] = nullptr;
+    if (inside) inspector::forEachCount(*inside, [&](const char* name, i32 count) { json["inside"][name] = count; });
     return json.dump(2) + "\n";
 }
 

@@ -30,9 +30,12 @@ commands, which may stand before or behind the model:
   pick X Y                says what lies under that pixel: the object, the number of
                           its face, the depth, the group of the model, the material and
                           the row of the render-mode table; marks it in the picture
-  stats [--json]          counts what happens in one frame: objects, vertices, faces,
-                          polygons, spans and pixels; as text or as JSON
-  window                  shows the scene in a window: drag turns it, a click picks
+  stats [--json]          counts what happens in one frame, from the objects to the
+                          pixels, and what happens inside of the renderer: faces
+                          tested and cut, edges, spans, depths compared; as text or
+                          as JSON. The option --stats means the same
+  window                  shows the scene in a window: drag turns it, a click picks,
+                          and the keys below choose how it is drawn
   gallery                 the contact sheets of the render modes, in both pixel
                           formats, and a picture of each of the scenes
 
@@ -109,6 +112,7 @@ void check(const Options& options)
     if (hasScene && !options.modelFile.empty()) refuse("a model or a scene, not both");
     if (options.command == Command::gallery && (hasScene || !options.modelFile.empty()))
         refuse("the gallery takes no model and no scene");
+    if (options.asJson && options.command != Command::stats) refuse("only the counts of stats are told as JSON");
     if (options.command != Command::draw && options.frames > 1) refuse("only a scene can be a turntable");
     if (options.command == Command::pick && (options.pickX >= options.width || options.pickY >= options.height))
         refuse("the pixel to pick lies outside the picture");
@@ -157,6 +161,8 @@ private:
     {
         Options& options = options_;
         app_.add_flag_callback("--room", [&] { takeScene("room", options); });
+        app_.add_flag_callback("--stats", [&] { options.command = Command::stats; });
+        app_.add_flag("--json", options.asJson);
         bind("--scene", [&](const std::string& scene) { takeScene(scene, options); });
         bind("--library", [&](const std::string& file) { options.libraryFile = file; });
         bind("--out", [&](const std::string& folder) { options.outFolder = folder; });
@@ -176,7 +182,6 @@ private:
     {
         for (const CommandWord& word : commandWords) {
             CLI::App* command = app_.add_subcommand(word.word);
-            if (word.command == Command::stats) command->add_flag("--json", options_.asJson);
             if (word.command != Command::pick) continue;
             command->add_option("X", pickX_);
             command->add_option("Y", pickY_);
@@ -199,6 +204,8 @@ private:
     void takeCommand()
     {
         const std::vector<CLI::App*> commands = app_.get_subcommands();
+        if (!commands.empty() && options_.command == Command::stats && commands[0]->get_name() != "stats")
+            refuse("one command at a time: '--stats' is one itself");
         if (commands.size() > 1) refuse("one command at a time: '" + commands[1]->get_name() + "' is the second");
         if (commands.empty()) return;
         for (const CommandWord& word : commandWords)

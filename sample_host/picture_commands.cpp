@@ -1,6 +1,5 @@
 #include "sample_host/picture_commands.h"
 
-#include "sample_host/counts_in_words.h"
 #include "sample_host/host/projected_outline.h"
 #include "sample_host/pick_in_words.h"
 #include "sample_host/pictures/animated_png.h"
@@ -99,13 +98,6 @@ void writePick(Scene& scene, const Options& options)
 
     std::printf("%s: under pixel (%d, %d) ", file.c_str(), pixel.x, pixel.y);
     std::printf("lies %s\n", pickInWords(pick).c_str());
-}
-
-void sayCounts(Scene& scene, const Options& options)
-{
-    FrameBuffer frame(options.format, options.width, options.height);
-    const FrameCounts counts = countFrame(scene, frame, 0);
-    std::printf("%s", (options.asJson ? countsAsJson(counts) : countsAsText(scene.name, counts)).c_str());
 }
 
 void writeGallerySheet(Engine& engine, const Options& options)

@@ -16,9 +16,6 @@ void writeScene(Scene& scene, const Options& options, const Progress& progress =
 // What lies under a pixel of the still, in words, and the still with the pixel and the face's outline marked.
 void writePick(Scene& scene, const Options& options);
 
-// What happens in the still, in numbers.
-void sayCounts(Scene& scene, const Options& options);
-
 // The contact sheet of the render modes in the engine's pixel format.
 void writeGallerySheet(Engine& engine, const Options& options);
 

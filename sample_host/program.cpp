@@ -1,6 +1,7 @@
 #include "sample_host/program.h"
 
 #include "kardeno_soft/version.h"
+#include "sample_host/count_command.h"
 #include "sample_host/host/host_memory.h"
 #include "sample_host/host/renderer_file.h"
 #include "sample_host/picture_commands.h"
@@ -40,7 +41,7 @@ void openViewer(const RendererTable& renderer, const Subject& subject, const Opt
 void run(const Options& options, const std::string& library, std::ostream& out, std::ostream& errors)
 {
     if (options.command == Command::help) {
-        out << usage;
+        out << usage << "\nIn the window:\n" << Viewer::help;
         return;
     }
     if (options.command == Command::version) {
@@ -61,12 +62,12 @@ void run(const Options& options, const std::string& library, std::ostream& out, 
 
     if (options.command == Command::window) return openViewer(renderer.table(), subject, options, out);
 
+    if (options.command == Command::stats) return sayCounts(renderer.table(), subject, options, progress, out);
+
     Engine engine(renderer.table(), options.format);
     const std::unique_ptr<Scene> scene = buildSubject(engine, subject, options.mode, progress);
     if (options.command == Command::pick)
         writePick(*scene, options);
-    else if (options.command == Command::stats)
-        sayCounts(*scene, options);
     else
         writeScene(*scene, options, progress);
 }

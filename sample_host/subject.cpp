@@ -1,6 +1,7 @@
 #include "sample_host/subject.h"
 
 #include "sample_host/models/model_file.h"
+#include "sample_host/models/scene_from_file.h"
 #include "sample_host/scenes/model_scene.h"
 #include "sample_host/scenes/scenes.h"
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "sample_host/host/model.h"
-#include "sample_host/models/scene_file.h"
 #include "sample_host/options.h"
+#include "sample_host/reading/scene_file.h"
 
 #include <iosfwd>
 #include <optional>

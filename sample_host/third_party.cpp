@@ -13,12 +13,9 @@
 #define TINYOBJLOADER_IMPLEMENTATION
 #include <tiny_obj_loader.h>
 
-// Images are read by the host itself, so that one that cannot be used is told by its name. A module for a page has no
-// use for it, because it reads no files.
+// A page has a body of its own, which reads no files.
 #ifndef __wasm__
-#define TINYGLTF_NO_STB_IMAGE
-#define TINYGLTF_NO_STB_IMAGE_WRITE
 #define TINYGLTF_NO_EXTERNAL_IMAGE
 #define TINYGLTF_IMPLEMENTATION
-#include <tiny_gltf.h>
+#include "sample_host/reading/gltf_parser.h"
 #endif

@@ -2,40 +2,106 @@
 
 #include "sample_host/host/projected_outline.h"
 #include "sample_host/pick_in_words.h"
+#include "sample_host/pictures/label.h"
 #include "sample_host/pictures/marks.h"
 #include "sample_host/scenes/scenes.h"
 
 #include <algorithm>
+#include <array>
 #include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
 #include <numbers>
+#include <sstream>
 #include <utility>
 
 namespace sample_host {
 
 namespace {
 
-constexpr double secondsOfRound = 12; // while the phase goes from 0 to 1
+constexpr double secondsOfRound = 12;  // while the phase goes from 0 to 1
+constexpr double secondsOfCircle = 40; // of the camera
 constexpr double turnsPerPixel = 0.0015;
 constexpr double stepOfKey = 0.02;  // in turns
 constexpr double stepOfWheel = 0.9; // of the distance
-constexpr int clickReach = 3;       // a press that is moved no farther is a click
+constexpr double stepOfPlane = 1.25;
+constexpr int clickReach = 3; // a press that is moved no farther is a click
 constexpr int leastSide = 16, mostSide = 4096;
+constexpr int levels = 3; // of detail, which is as many as a scene has
+constexpr int asTheSceneHasIt = RecipeChanges::asTheSceneHasIt;
+
+// What a key chooses after the current value, and after the last one the first again.
+int next(std::initializer_list<int> values, int current)
+{
+    const auto* found = std::find(values.begin(), values.end(), current);
+    return found == values.end() || found + 1 == values.end() ? *values.begin() : found[1];
+}
+
+std::string chosenMaterials(const RecipeChanges& changes)
+{
+    constexpr const char* shading[]{"plain", "keyed", "added"};
+    std::string words;
+    if (changes.shadingMode >= 0) words += std::string(", ") + shading[changes.shadingMode];
+    if (changes.transparency >= 0) words += changes.transparency == 0 ? ", opaque" : ", half transparent";
+    if (changes.largestTexture > 0) words += ", textures up to " + std::to_string(changes.largestTexture);
+    return words;
+}
+
+// The lines of the help in two columns of the picture, above a darkened part of it: letters have different widths.
+void drawHelp(Image& image)
+{
+    constexpr int margin = 8, lineHeight = 12, padding = 6;
+    std::istringstream lines(Viewer::help);
+    constexpr std::size_t columns[]{0, 21, 44, 61}; // where the texts begin in the lines
+    int widths[4]{}, count = 0;
+    std::vector<std::array<std::string, 4>> table;
+    for (std::string line; std::getline(lines, line); ++count) {
+        std::array<std::string, 4>& row = table.emplace_back();
+        for (std::size_t i = 0; i < 4; ++i) {
+            if (columns[i] < line.size()) row[i] = line.substr(columns[i], i < 3 ? columns[i + 1] - columns[i] : 99);
+            row[i].erase(row[i].find_last_not_of(' ') + 1);
+            widths[i] = std::max(widths[i], textWidth(row[i]) + 2 * margin);
+        }
+    }
+    const int right = margin + widths[0] + widths[1] + widths[2] + widths[3] + padding;
+    const int bottom = margin + count * lineHeight + padding;
+    for (int y = margin - padding; y < std::min(bottom, image.height); ++y)
+        for (int x = margin - padding; x < std::min(right, image.width); ++x) {
+            const Colour behind = image.colour(std::size_t(y * image.width + x));
+            image.set(x, y, {u8(behind.red / 4), u8(behind.green / 4), u8(behind.blue / 4)});
+        }
+    for (int y = margin; const std::array<std::string, 4>& row : table) {
+        for (int x = margin, i = 0; i < 4; x += widths[i++])
+            drawText(image, x, y, row[std::size_t(i)], i % 2 == 0 ? Colour{255, 220, 120} : Colour{235, 235, 235});
+        y += lineHeight;
+    }
+}
+
+std::string inWords(double number)
+{
+    char text[32];
+    std::snprintf(text, sizeof text, "%.3g", number);
+    return text;
+}
 
 } // namespace
 
 const char* const Viewer::help =
     R"(drag or arrow keys   turn the camera        wheel, + and -   nearer, farther
 click                pick what is there     tab              the next scene
-space                movement on and off    0, 1, 2          render state
-t                    kind of textures       f                5-6-5 or 5-5-5
-F11                  full screen            q or Esc         close
+space                movement on and off    c                the camera goes round
+0, 1, 2, 3           render state           f                5-6-5 or 5-5-5
+s                    shading mode           h                half transparent
+t                    kind of textures       x                largest texture
+j and k              near plane             u and i          far plane
+l                    level of detail        r                back to the start
+F1                   these keys             F11              full screen
+q or Esc             close
 )";
 
 Viewer::Viewer(const RendererTable& renderer, const Subject& subject, const Options& options)
-    : renderer_(renderer), format_(options.format), mode_(options.mode),
+    : renderer_(renderer), format_(options.format), firstMode_(options.mode), mode_(options.mode),
       frame_(options.format, options.width, options.height)
 {
     const bool isOwn = !subject.model && !subject.sceneFile;
@@ -56,6 +122,10 @@ void Viewer::build()
     engine_ = std::make_unique<Engine>(renderer_, format_);
     scene_ = buildSubject(*engine_, *subjects_[subject_], mode_);
     scene_->camera.turnsPerRound = scene_->camera.sway = 0;
+    ownNear_ = scene_->camera.nearZ;
+    ownFar_ = scene_->camera.farZ;
+    placePlanes();
+    scene_->drawOnlyLevel(level_);
     frame_ = FrameBuffer(format_, frame_.width, frame_.height);
     frameMilliseconds_ = 0;
 }
@@ -91,38 +161,59 @@ void Viewer::handle(const WindowEvent& event)
 }
 
 // What is drawn otherwise is drawn from the same place.
+void Viewer::buildAgain()
+{
+    const Camera& camera = scene_->camera;
+    const double turn = camera.startTurn, distance = camera.distance, height = camera.height;
+    build();
+    scene_->camera.startTurn = turn;
+    scene_->camera.distance = distance;
+    scene_->camera.height = height;
+}
+
 void Viewer::pressLetter(char letter)
 {
-    const auto buildAgain = [&] {
-        const Camera& camera = scene_->camera;
-        const double turn = camera.startTurn, distance = camera.distance, height = camera.height;
-        build();
-        scene_->camera.startTurn = turn;
-        scene_->camera.distance = distance;
-        scene_->camera.height = height;
-    };
+    RecipeChanges& changes = mode_.changes;
     switch (letter) {
-    case 'q': wantsToClose_ = true; break;
-    case ' ': isMoving_ = !isMoving_; break;
+    case 'q': wantsToClose_ = true; return;
+    case ' ': isMoving_ = !isMoving_; return;
+    case 'c': circles_ = !circles_; return;
     case '+':
-    case '=': approach(stepOfWheel); break;
-    case '-': approach(1 / stepOfWheel); break;
+    case '=': return approach(stepOfWheel);
+    case '-': return approach(1 / stepOfWheel);
+    case 'j': return movePlanes(1 / stepOfPlane, 1);
+    case 'k': return movePlanes(stepOfPlane, 1);
+    case 'u': return movePlanes(1, 1 / stepOfPlane);
+    case 'i': return movePlanes(1, stepOfPlane);
+    case 'l':
+        level_ = level_ + 1 == levels ? -1 : level_ + 1;
+        scene_->drawOnlyLevel(level_);
+        return;
+    case 'r': return startAgain();
     case '0':
     case '1':
     case '2':
-        mode_.renderState = letter - '0';
-        buildAgain();
-        break;
+    case '3': mode_.renderState = letter - '0'; break;
+    case 's': changes.shadingMode = next({asTheSceneHasIt, 0, 1, 2}, changes.shadingMode); break;
+    case 'h': changes.transparency = next({asTheSceneHasIt, 0, 50}, changes.transparency); break;
+    case 'x': changes.largestTexture = next({0, 128, 64, 32, 16, 4}, changes.largestTexture); break;
     case 't':
         mode_.textures = mode_.textures == TextureKind::trueColour ? TextureKind::palettised : TextureKind::trueColour;
-        buildAgain();
         break;
-    case 'f':
-        format_ = format_ == PixelFormat::rgb565 ? PixelFormat::rgb555 : PixelFormat::rgb565;
-        buildAgain();
-        break;
-    default: break;
+    case 'f': format_ = format_ == PixelFormat::rgb565 ? PixelFormat::rgb555 : PixelFormat::rgb565; break;
+    default: return;
     }
+    buildAgain();
+}
+
+// All choices but the scene, the pixel format and the size.
+void Viewer::startAgain()
+{
+    mode_ = firstMode_;
+    level_ = -1;
+    nearFactor_ = farFactor_ = 1;
+    circles_ = false;
+    build();
 }
 
 void Viewer::pressKey(WindowEvent::Key key)
@@ -134,9 +225,11 @@ void Viewer::pressKey(WindowEvent::Key key)
     case Key::up: orbit(0, stepOfKey); break;
     case Key::down: orbit(0, -stepOfKey); break;
     case Key::escape: wantsToClose_ = true; break;
+    case Key::help: showsHelp_ = !showsHelp_; break;
     case Key::fullScreen: wantsFullScreen_ = true; break;
     case Key::tab:
         subject_ = (subject_ + 1) % subjects_.size();
+        nearFactor_ = farFactor_ = 1; // scenes are of different sizes
         build();
         break;
     case Key::none: break;
@@ -159,18 +252,36 @@ void Viewer::approach(double factor)
 {
     Camera& camera = scene_->camera;
     const double radius = std::hypot(camera.distance, camera.height);
-    const double wanted = std::clamp(radius * factor, 2 * camera.nearZ, 0.9 * camera.farZ);
+    const double wanted = std::clamp(radius * factor, 2 * ownNear_, 0.9 * ownFar_);
     camera.distance *= wanted / radius;
     camera.height *= wanted / radius;
+}
+
+void Viewer::movePlanes(double nearFactor, double farFactor)
+{
+    constexpr double farthest = 1000;
+    nearFactor_ = std::clamp(nearFactor_ * nearFactor, 1 / farthest, farthest);
+    farFactor_ = std::clamp(farFactor_ * farFactor, 1 / farthest, farthest);
+    placePlanes();
+}
+
+// The far plane stays behind the near one.
+void Viewer::placePlanes()
+{
+    constexpr double least = 1.01;
+    Camera& camera = scene_->camera;
+    camera.nearZ = ownNear_ * nearFactor_;
+    camera.farZ = std::max(ownFar_ * farFactor_, camera.nearZ * least);
 }
 
 const FrameBuffer& Viewer::draw(double seconds)
 {
     if (isMoving_) phase_ += seconds / secondsOfRound;
     phase_ -= std::floor(phase_);
+    if (circles_) scene_->camera.startTurn += seconds / secondsOfCircle;
     const double milliseconds = scene_->draw(frame_, phase_);
     frameMilliseconds_ = frameMilliseconds_ == 0 ? milliseconds : 0.9 * frameMilliseconds_ + 0.1 * milliseconds;
-    markPick();
+    paintOver();
     return frame_;
 }
 
@@ -181,13 +292,16 @@ void Viewer::pickAt(int x, int y)
     picked_ = pickInWords(pick_);
 }
 
-// The outline of the face that was picked, wherever it has moved to since.
-void Viewer::markPick()
+// The outline of the face that was picked, wherever it has moved to since, and the keys.
+void Viewer::paintOver()
 {
-    if (!pick_.object) return;
-    const View view(scene_->camera, frame_.width, frame_.height, frame_.pitch);
+    if (!pick_.object && !showsHelp_) return;
     Image image = frame_.image();
-    drawOutline(image, projectedOutline(pick_.object->outline(pick_.face), view));
+    if (pick_.object) {
+        const View view(scene_->camera, frame_.width, frame_.height, frame_.pitch);
+        drawOutline(image, projectedOutline(pick_.object->outline(pick_.face), view));
+    }
+    if (showsHelp_) drawHelp(image);
     for (int y = 0; y < frame_.height; ++y)
         for (int x = 0; x < frame_.width; ++x) {
             const std::size_t place = std::size_t(y) * std::size_t(frame_.pitch) + std::size_t(x);
@@ -200,10 +314,15 @@ std::string Viewer::title() const
     char size[96];
     std::snprintf(size, sizeof size, "%dx%d in %s, %.1f ms", frame_.width, frame_.height,
                   format_ == PixelFormat::rgb565 ? "5-6-5" : "5-5-5", frameMilliseconds_);
-    const char* maps = mode_.renderState != 0                      ? "lit"
+    const char* maps = mode_.renderState == 3                      ? "flat colours"
+                       : mode_.renderState != 0                    ? "lit"
                        : mode_.textures == TextureKind::palettised ? "unlit, 256 colours"
                                                                    : "unlit, 16-bit maps";
-    return scene_->name + ": " + maps + ", " + size + (picked_.empty() ? "" : " - " + picked_);
+    std::string chosen = chosenMaterials(mode_.changes);
+    if (nearFactor_ != 1) chosen += ", near plane " + inWords(scene_->camera.nearZ);
+    if (farFactor_ != 1) chosen += ", far plane " + inWords(scene_->camera.farZ);
+    if (level_ >= 0) chosen += ", level " + std::to_string(level_);
+    return scene_->name + ": " + maps + chosen + ", " + size + (picked_.empty() ? "" : " - " + picked_);
 }
 
 bool Viewer::takeFullScreenWish()

@@ -17,7 +17,7 @@ public:
     // The frame after that many seconds more of the scene's movement.
     const FrameBuffer& draw(double seconds);
 
-    // The scene, how it is drawn, the time that a frame takes, and what was picked.
+    // The scene, how it is drawn, what was chosen, the time that a frame takes, and what was picked.
     std::string title() const;
 
     bool wantsToClose() const { return wantsToClose_; }
@@ -28,18 +28,23 @@ public:
 
 private:
     void build();
+    void buildAgain();
     void pressLetter(char letter);
     void pressKey(WindowEvent::Key key);
     void orbit(double turns, double rise);
     void approach(double factor);
     void pickAt(int x, int y);
-    void markPick();
+    void movePlanes(double nearFactor, double farFactor);
+    void placePlanes();
+    void startAgain();
+    void paintOver();
 
     const RendererTable& renderer_;
     std::vector<const Subject*> subjects_;
     std::vector<Subject> ownSubjects_;
     std::size_t subject_ = 0;
     PixelFormat format_;
+    const MaterialMode firstMode_; // as the options say
     MaterialMode mode_;
     FrameBuffer frame_;
     // In this order: the scene goes before its engine.
@@ -47,6 +52,10 @@ private:
     std::unique_ptr<Scene> scene_;
 
     bool isMoving_ = true, wantsToClose_ = false, wantsFullScreen_ = false;
+    bool circles_ = false, showsHelp_ = false;
+    int level_ = -1;                        // of detail; -1: by the distance
+    double nearFactor_ = 1, farFactor_ = 1; // by which the planes are moved from where the scene has them
+    double ownNear_ = 0, ownFar_ = 0;
     double phase_ = 0;
     double frameMilliseconds_ = 0; // a mean in which later frames count more
     bool isDown_ = false, isDragged_ = false;

@@ -20,7 +20,7 @@ struct WindowEvent {
         wheel,  // by that many steps away from the user: `steps`
         resize, // to that many pixels
     };
-    enum class Key { none, left, right, up, down, escape, tab, fullScreen };
+    enum class Key { none, left, right, up, down, escape, tab, help, fullScreen };
 
     Kind kind = Kind::close;
     char letter = 0; // in lower case

@@ -20,6 +20,7 @@ WindowEvent::Key keyOf(SDL_Keycode code)
     case SDLK_DOWN: return Key::down;
     case SDLK_ESCAPE: return Key::escape;
     case SDLK_TAB: return Key::tab;
+    case SDLK_F1: return Key::help;
     case SDLK_F11: return Key::fullScreen;
     default: return Key::none;
     }

@@ -30,6 +30,7 @@ WindowEvent::Key keyOf(WPARAM code)
     case VK_DOWN: return Key::down;
     case VK_ESCAPE: return Key::escape;
     case VK_TAB: return Key::tab;
+    case VK_F1: return Key::help;
     case VK_F11: return Key::fullScreen;
     default: return Key::none;
     }

@@ -19,6 +19,11 @@ export function number(value) {
     return value === null || !Number.isFinite(value) ? 'none' : String(Number(value.toPrecision(5)));
 }
 
+/** A count with its word: "1 span" or "3 spans". */
+export function many(count, one, several = `${one}s`) {
+    return `${count} ${count === 1 ? one : several}`;
+}
+
 /** Draws the outline of a polygon on a canvas. */
 export function outlineOn(context, corners) {
     context.beginPath();

@@ -6,7 +6,7 @@ import {
 import { polygonWord } from '#page/renderer.js';
 import { openedRow } from '#page/opened_row.js';
 import { change, state } from '#page/state.js';
-import { element, number, outlineOn, svg } from '#page/elements.js';
+import { element, many, number, outlineOn, svg } from '#page/elements.js';
 
 const css = (colour) => `rgb(${colour.join(' ')})`;
 
@@ -31,9 +31,23 @@ function markSortedPolygons(inspector, context) {
         context.strokeStyle = css(colourOfPolygon(i));
         outlineOn(context, outline);
         const middle = [0, 1].map((axis) => outline.reduce((sum, corner) => sum + corner[axis], 0) / outline.length);
+        context.lineWidth = 3;
+        context.strokeStyle = '#000';
+        context.strokeText(String(painted), middle[0] - 4, middle[1] + 4);
+        context.lineWidth = 1;
         context.fillStyle = '#fff';
         context.fillText(String(painted), middle[0] - 4, middle[1] + 4);
     }
+}
+
+// A ring around an outline that is too small to be found.
+function ringAround(context, outline) {
+    const [left, top] = [0, 1].map((axis) => Math.min(...outline.map((corner) => corner[axis])));
+    const [right, bottom] = [0, 1].map((axis) => Math.max(...outline.map((corner) => corner[axis])));
+    if (Math.max(right - left, bottom - top) > 16) return;
+    context.beginPath();
+    context.arc((left + right) / 2, (top + bottom) / 2, 14, 0, 2 * Math.PI);
+    context.stroke();
 }
 
 // The corners before and after each plane, each as a small drawing.
@@ -110,8 +124,9 @@ const views = {
             const { nearest, farthest } = paintDepth(parts, width, height, wide);
             inspector.marks.push((context) => markSortedPolygons(inspector, context));
             inspector.details.replaceChildren(
-                element('p', {}, [`The nearest pixel lies at depth ${number(nearest)}, the farthest at `
-                    + `${number(farthest)}. The first 80 see-through polygons that are seen have a number.`]),
+                element('p', {}, [`The brightest grey is depth ${number(nearest)} or nearer, the darkest `
+                    + `${number(farthest)} or farther. The first 80 see-through polygons that are seen have a `
+                    + 'number.']),
             );
         },
     },
@@ -171,6 +186,7 @@ const views = {
             inspector.marks.push((context) => {
                 context.strokeStyle = '#7cc4ff';
                 outlineOn(context, told.outline);
+                ringAround(context, told.outline);
             });
             const at = chosen * polygonWord.count;
             const { integers } = inspector.polygons;
@@ -180,12 +196,13 @@ const views = {
             inspector.details.replaceChildren(
                 element('p', {}, [`Polygon ${chosen} in the order of painting: face ${told.face} of '${told.object}', `
                     + `material '${told.material}', row ${told.row}, list '${told.list}'. Its outline covers `
-                    + `${rows} rows and ${widths} pixels; ${integers[at + polygonWord.spanCount]} spans with `
-                    + `${pixels} pixels are seen, in ${blocks} blocks of up to eight.`]),
+                    + `${many(rows, 'row')} and ${many(widths, 'pixel')}. Of it are seen: `
+                    + `${many(integers[at + polygonWord.spanCount], 'span')} with ${many(pixels, 'pixel')}, in `
+                    + `${many(blocks, 'block')} of up to eight.`]),
                 element('h3', {}, ['Through the clip planes']),
                 clipStages(inspector.renderer.follow(state().phase, chosen), inspector.width, inspector.height),
                 element('h3', {}, ['The rows of its outline']),
-                element('details', {}, [element('summary', {}, [`${rows} rows`]),
+                element('details', {}, [element('summary', {}, [many(rows, 'row')]),
                     element('ol', { start: told.rows[0]?.[0] ?? 0 },
                         told.rows.map(([, left, right]) => element('li', {}, [`columns ${left} to ${right}`])))]),
             );

@@ -1,6 +1,6 @@
 // A scanline opened up, as a diagram and a table.
 import { colourOfPolygon } from '#page/pixels.js';
-import { element, number, svg } from '#page/elements.js';
+import { element, many, number, svg } from '#page/elements.js';
 
 const css = (colour) => `rgb(${colour.join(' ')})`;
 const mostLevels = 12; // of the depth stack that the diagram shows
@@ -58,8 +58,8 @@ export function openedRow(row, line, width, describe) {
     const told = (polygon) => (polygon < 0 ? 'the background' : `${polygon}, '${describe(polygon).object}'`);
     const comparisons = row.events.reduce((sum, event) => sum + event.comparisons, 0);
     return element('div', {}, [
-        element('p', {}, [`Row ${line}: ${row.events.length} active edges, ${comparisons} depths compared, `
-            + `${row.spans.length} spans. `, row.agrees
+        element('p', {}, [`Row ${line}: ${many(row.events.length, 'active edge')}, `
+            + `${many(comparisons, 'depth')} compared, ${many(row.spans.length, 'span')}. `, row.agrees
             ? 'The page resolved the row once more, and its spans are those that the renderer made.'
             : 'The page resolved the row once more and got other spans than the renderer: please report this.']),
         element('p', { class: 'hint' }, ['Above: the edges, green where a polygon is entered, red where it is left. '

@@ -2,15 +2,17 @@
 import { keysAreHeld, listenToPointerAndKeys, moveByKeys, placedCamera } from '#page/camera.js';
 import { element, number, outlineOn, saveFile } from '#page/elements.js';
 import { makeInspector, viewNames } from '#page/inspector.js';
-import { listenForModels } from '#page/own_models.js';
+import { listenForFiles } from '#page/own_files.js';
 import { widen } from '#page/pixels.js';
 import { startRenderer } from '#page/renderer.js';
-import { change, defaults, fromAddress, listen, state, toAddress } from '#page/state.js';
+import { change, defaults, fromAddress, listen, state, toAddress, toSettings } from '#page/state.js';
 
 const place = (id) => document.getElementById(id);
 const roundOfThings = 12; // seconds in which the movement goes once from 0 to 1
 const roundOfCamera = 40;
 const keptTimes = 120;
+// Where the camera is and what is looked at, which no other scene takes over.
+const ofOneScene = ['x', 'y', 'z', 'turn', 'lift', 'away', 'zoom', 'nearest', 'farthest', 'polygon'];
 // What says only how a frame is looked at.
 const lookingOnly = ['view', 'polygon', 'line', 'painted', 'spans'];
 const rebuilding = ['scene', 'row', 'format', 'state', 'textures', 'shading', 'transparency', 'largest'];
@@ -63,7 +65,9 @@ class Page {
         this.circle = 0; // of the camera, in turns, while it goes round by itself
         this.isAsked = true;
         this.picked = null;
-        this.hasModel = false;
+        this.ownNames = {}; // of the model and the scene that were read from files
+        this.before = null; // what was shown before files whose scene is being built
+        this.sceneTexts = JSON.parse(place('scene-files').textContent);
         this.lastTick = 0;
         this.shownSecond = { began: 0, frames: 0 };
         this.addressTimer = 0;
@@ -85,14 +89,14 @@ class Page {
             const y = Math.floor(((event.clientY - box.top) / box.height) * this.picture.canvas.height);
             if (event.buttons === 0) this.inspector.hover(Math.min(Math.max(y, 0), this.picture.canvas.height - 1));
         });
-        listenForModels(this.renderer, place('files'), place('reading'), (name) => this.showModel(name), () => {
-            this.hasModel = false;
-            this.rebuild();
-            change({ scene: state().scene === 'model' ? defaults.scene : state().scene });
-            this.ask();
+        listenForFiles(this.renderer, place('files'), place('reading'), {
+            taken: (read) => this.showOwn(read),
+            set: (values) => this.useSettings(values),
+            restarted: () => this.showAgain(),
         });
         place('save').addEventListener('click', () => this.savePicture());
         place('settings').addEventListener('click', () => this.saveSettings());
+        place('scene-file').addEventListener('click', () => this.saveSceneFile());
         place('back').addEventListener('click', () => {
             const { scene, row, size, format } = state();
             change({ ...defaults, scene, row, size, format });
@@ -106,10 +110,8 @@ class Page {
 
     // An address may name a scene that is not there, such as somebody else's model.
     knowScene() {
-        for (const name of ['scene', 'row']) {
-            const known = [...place('choices').elements[name].options].some((option) => option.value === state()[name]);
-            if (!known) change({ [name]: defaults[name] });
-        }
+        for (const name of ['scene', 'row'])
+            if (!this.isKnown(name, state()[name])) change({ [name]: defaults[name] });
     }
 
     // Has the frame drawn anew at the next tick.
@@ -121,7 +123,7 @@ class Page {
         const values = state();
         const [width, height] = values.size.split('x').map(Number);
         const names = this.renderer.scenes.scenes.map((scene) => scene.name);
-        const scene = [...names, 'gallery', 'model'].indexOf(values.scene);
+        const scene = [...names, 'gallery', 'model', 'file'].indexOf(values.scene);
         const row = this.renderer.scenes.rows.findIndex((entry) => entry.name === values.row);
         this.renderer.resize(width, height);
         const built = this.renderer.build({
@@ -139,25 +141,70 @@ class Page {
         place('contents').textContent = `${built.name}: ${built.contents || 'a row of the render-mode table'}`;
     }
 
-    showModel(name) {
+    // Shows a model or a scene that was read from files.
+    showOwn({ kind, name, text }) {
+        const value = kind === 'scene' ? 'file' : 'model';
+        this.before = { values: state(), names: this.ownNames, text: this.sceneTexts.file };
+        this.ownNames = { ...this.ownNames, [value]: name };
+        if (kind === 'scene') this.sceneTexts.file = text;
+        this.offerOwn();
+        if (state().scene === value) this.rebuildFrom(state());
+        change({ scene: value });
+        this.before = null;
+    }
+
+    // What was read, in the list of scenes.
+    offerOwn() {
         const { scene } = place('choices').elements;
-        if (!this.hasModel) scene.append(element('option', { value: 'model' }));
-        scene.lastChild.textContent = `model: ${name}`;
-        this.hasModel = true;
-        if (state().scene === 'model') {
-            this.rebuild();
-            this.inspector.forgetFrame();
-            this.forget();
-            this.ask();
+        for (const [value, kind] of [['model', 'model'], ['file', 'scene file']]) {
+            const text = `${kind}: ${this.ownNames[value]}`;
+            const option = scene.querySelector(`[value=${value}]`);
+            if (!(value in this.ownNames)) option?.remove();
+            else if (option) option.textContent = text;
+            else scene.append(element('option', { value }, [text]));
         }
-        change({ scene: 'model' });
+    }
+
+    // A module was started anew. What it had trapped at is not shown; what was there before is.
+    showAgain() {
+        if (this.before) {
+            this.ownNames = this.before.names;
+            this.sceneTexts.file = this.before.text;
+        }
+        this.offerOwn();
+        this.rebuildFrom(this.before?.values ?? state());
+        this.before = null;
+    }
+
+    rebuildFrom(values) {
+        if (values === state()) this.rebuild();
+        else change(values);
+        this.inspector.forgetFrame();
+        this.forget();
+        this.ask();
+    }
+
+    // Gives a problem when the settings name a scene that is not there.
+    useSettings(values) {
+        for (const name of ['scene', 'row']) {
+            if (this.isKnown(name, values[name])) continue;
+            return ['model', 'file'].includes(values.scene) && name === 'scene'
+                ? `scene: it was read from files of its own; expected are these files together with the settings`
+                : `${name}: there is no '${values[name]}'; expected is one of those that the page offers`;
+        }
+        change(values);
+        return '';
+    }
+
+    isKnown(name, value) {
+        return [...place('choices').elements[name].options].some((option) => option.value === value);
     }
 
     changed(names) {
         const values = state();
         if (names.has('scene')) {
-            const { x, y, z, turn, lift, away, zoom, nearest, farthest, polygon } = defaults;
-            change({ x, y, z, turn, lift, away, zoom, nearest, farthest, polygon });
+            const others = ofOneScene.filter((name) => !names.has(name));
+            change(Object.fromEntries(others.map((name) => [name, defaults[name]])));
         }
         if (names.has('size')) {
             const [width, height] = values.size.split('x').map(Number);
@@ -238,6 +285,8 @@ class Page {
     showRate(time) {
         const since = time - this.shownSecond.began;
         if (since < 500) return;
+        place('speed').hidden = this.shownSecond.frames === 0;
+        place('still').hidden = this.shownSecond.frames > 0;
         place('rate').textContent = String(Math.round((this.shownSecond.frames * 1000) / since));
         this.shownSecond = { began: time, frames: 0 };
         if (this.times.length === 0) return;
@@ -293,8 +342,14 @@ class Page {
     }
 
     saveSettings() {
-        saveFile(`${state().scene}.json`, new Blob([`${JSON.stringify(state(), null, 4)}\n`],
+        saveFile(`${state().scene}-settings.json`, new Blob([`${JSON.stringify(toSettings(), null, 4)}\n`],
             { type: 'application/json' }));
+    }
+
+    saveSceneFile() {
+        const { scene } = state();
+        const name = scene === 'file' ? this.ownNames.file : scene;
+        saveFile(`${name}.json`, new Blob([this.sceneTexts[scene]], { type: 'application/json' }));
     }
 
     fillControls() {
@@ -336,6 +391,7 @@ class Page {
             if (control.type === 'checkbox') control.checked = value;
             else if (control.value !== String(value)) control.value = String(value);
         }
+        place('scene-file').hidden = !(values.scene in this.sceneTexts);
         place('row-choice').hidden = values.scene !== 'gallery';
         for (const tab of place('views').children) {
             const isChosen = tab.dataset.view === values.view;

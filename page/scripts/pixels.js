@@ -90,27 +90,26 @@ export function paintOverdraw(parts, width, height, wide) {
     return { most, mean: sum / times.length };
 }
 
-/** The nearer, the brighter; by the polygons' planes of inverse depth, on a scale of logarithms. */
+/** The nearer, the brighter; by the polygons' planes of inverse depth, on a scale of logarithms. The ends of the scale
+ *  leave out one pixel of 200 on each side: at the rim of a polygon its plane may reach nearly any depth. */
 export function paintDepth(parts, width, height, wide) {
     const depth = new Float32Array(width * height);
     const { integers, floats } = parts.polygons;
-    let least = Infinity;
-    let most = 0;
     forEachSpan(parts.spans, (x, y, length, polygon) => {
         const at = polygon * polygonWord.count;
         if (polygon < 0 || integers[at] === 2) return;
         const step = floats[at + polygonWord.stepX];
         let value = step * x + floats[at + polygonWord.stepY] * y + floats[at + polygonWord.origin];
-        for (let i = y * width + x, end = i + length; i < end; ++i, value += step) {
-            depth[i] = Math.max(value, 1e-6);
-            if (depth[i] < least) least = depth[i];
-            if (depth[i] > most) most = depth[i];
-        }
+        for (let i = y * width + x, end = i + length; i < end; ++i, value += step) depth[i] = Math.max(value, 1e-6);
     });
+    const sorted = depth.filter((value) => value > 0).sort();
+    const least = sorted[Math.floor(sorted.length / 200)] ?? 1;
+    const most = sorted[sorted.length - 1 - Math.floor(sorted.length / 200)] ?? 1;
     const low = Math.log(least);
     const scale = most > least ? 225 / (Math.log(most) - low) : 0;
     for (let i = 0; i < depth.length; ++i) {
-        const grey = depth[i] > 0 ? Math.round(30 + (Math.log(depth[i]) - low) * scale) : 0;
+        const inside = Math.min(Math.max(depth[i], least), most);
+        const grey = depth[i] > 0 ? Math.round(30 + (Math.log(inside) - low) * scale) : 0;
         wide[i] = packed(grey, grey, grey);
     }
     return { nearest: 1 / most, farthest: 1 / least };

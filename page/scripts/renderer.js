@@ -104,15 +104,16 @@ export async function startRenderer(bytes) {
             calls.useCamera();
         },
         restart,
-        /** Reads the model among files, each with a name and its bytes. Gives its name and remarks, or a problem. */
-        readModel(files) {
+        /** Reads the scene or the model among files, each with a name and its bytes. Gives its kind, its name and
+         *  remarks, or a problem. */
+        readFiles(files) {
             calls.forgetFiles();
             for (const { name, bytes: content } of files) {
                 const encoded = new TextEncoder().encode(name);
                 withBytes(encoded, (nameAt) => withBytes(content,
                     (contentAt) => calls.giveFile(nameAt, encoded.length, contentAt, content.length)));
             }
-            return answer(calls.takeModel());
+            return answer(calls.takeFiles());
         },
         useLevel: (level) => calls.useLevel(level),
         draw: (phase) => calls.draw(phase),

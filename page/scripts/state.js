@@ -64,6 +64,8 @@ const digits = 5;
 const listeners = new Set();
 let current = { ...defaults };
 
+const settingsKey = 'settings of the page';
+
 // The value that a text stands for; undefined when it means nothing.
 function parsed(key, text) {
     const kind = typeof defaults[key];
@@ -96,6 +98,41 @@ export function change(values) {
 /** Calls listener(names of the changed values) after each change. */
 export function listen(listener) {
     listeners.add(listener);
+}
+
+/** All values as they are saved. */
+export function toSettings() {
+    return { [settingsKey]: current };
+}
+
+/** What a file holds as settings; undefined when it is another file. */
+export function settingsIn(json) {
+    return json !== null && typeof json === 'object' ? json[settingsKey] : undefined;
+}
+
+function expectedOf(key) {
+    if (words[key]) return words[key].join(', ').replace(/, ([^,]*)$/, ' or $1');
+    if (limits[key]) return `a number from ${limits[key].join(' to ')}`;
+    return typeof defaults[key] === 'boolean' ? 'true or false' : 'a text';
+}
+
+/** The values of saved settings; what they do not name has its default. Gives `values`, or a `problem`: the half of a
+ *  sentence that goes on after the file. */
+export function fromSettings(settings) {
+    if (settings === null || typeof settings !== 'object' || Array.isArray(settings))
+        return { problem: `${settingsKey}: expected is an object with keys in braces` };
+    const values = { ...defaults };
+    for (const [key, value] of Object.entries(settings)) {
+        if (!Object.hasOwn(defaults, key))
+            return { problem: `${key}: there is no such setting; expected are ${Object.keys(defaults).join(', ')}` };
+        const isKind = typeof value === typeof defaults[key];
+        const isKnown = isKind && (!words[key] || words[key].includes(value));
+        const isInside = isKind && (!limits[key] || (value >= limits[key][0] && value <= limits[key][1]));
+        if (!isKnown || !isInside)
+            return { problem: `${key}: expected is ${expectedOf(key)}, not ${JSON.stringify(value)}` };
+        values[key] = whole.includes(key) ? Math.round(value) : value;
+    }
+    return { values };
 }
 
 /** The part of an address behind its '#'. */

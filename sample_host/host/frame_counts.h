@@ -1,4 +1,4 @@
-// What happens while a frame is drawn, counted from the host's side.
+// What happens while a frame is drawn, counted from the host's side, with any renderer.
 //
 // The host counts its own calls: which objects and vertices the renderer asks for. The rest is counted by rows of the
 // host's own: a material's pointer to its row may be moved, so for one frame it is moved to a copy of the row whose

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "sample_host/host/engine.h"
+#include "sample_host/host/recipe_changes.h"
 #include "sample_host/pictures/palette.h"
 
 #include <memory>
@@ -28,12 +29,12 @@ struct MaterialRecipe {
 
 enum class TextureKind { trueColour, palettised };
 
-// The ways of drawing that a picture chooses for all of its materials.
+// The ways of drawing that a picture chooses for all of its materials. The changes are made in the recipes of a scene
+// before it makes materials of them.
 struct MaterialMode {
     TextureKind textures = TextureKind::trueColour;
-    i32 renderState = 0; // 0: unlit; 1 and 2: lit
-    // Changes each recipe of a scene before its material is made; or none.
-    void (*change)(MaterialRecipe& recipe) = nullptr;
+    i32 renderState = 0; // 0: unlit; 1 and 2: lit; 3: flat colours, whatever the material is
+    RecipeChanges changes{};
 };
 
 // The wanted mode or, where the renderer cannot draw the material in that, the nearest one in which it can. Lit maps

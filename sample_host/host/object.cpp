@@ -98,9 +98,8 @@ void Object::releaseFaces()
 void Object::addChild(Object& child)
 {
     child.parent_ = this;
-    SceneObject** end = &firstChild;
-    while (*end) end = &(*end)->nextSibling;
-    *end = &child;
+    (lastChild_ ? lastChild_->nextSibling : firstChild) = &child;
+    lastChild_ = &child;
 }
 
 void Object::drawLevels(std::span<Object* const> levels, std::span<const double> limits)

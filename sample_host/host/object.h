@@ -94,6 +94,7 @@ private:
     Surroundings& surroundings_;
     Movement movement_;
     Object* parent_ = nullptr;
+    Object* lastChild_ = nullptr;
     i32 isGroup_ = 0;
     bool isSprite_ = false;
     std::vector<Object*> levels_;

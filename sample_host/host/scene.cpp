@@ -37,9 +37,8 @@ Scene::~Scene()
 
 Material* Scene::addMaterial(const MaterialRecipe& recipe)
 {
-    if (!mode_.change) return &materials_.emplace_back(surroundings_.engine, recipe, mode_);
     MaterialRecipe changed = recipe;
-    mode_.change(changed);
+    changeRecipe(changed, mode_.changes, mode_.renderState);
     return &materials_.emplace_back(surroundings_.engine, changed, mode_);
 }
 
@@ -59,9 +58,8 @@ Object& Scene::addObject(const Mesh& mesh, std::span<Material* const> palette, M
         parent->addChild(object);
         return object;
     }
-    SceneObject** end = &firstRoot_;
-    while (*end) end = &(*end)->nextRoot;
-    *end = &object;
+    (lastRoot_ ? lastRoot_->nextRoot : firstRoot_) = &object;
+    lastRoot_ = &object;
     return object;
 }
 

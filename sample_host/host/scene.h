@@ -69,6 +69,7 @@ private:
     std::deque<Material> materials_;
     std::deque<Object> objects_;
     SceneObject* firstRoot_ = nullptr;
+    SceneObject* lastRoot_ = nullptr;
     int polygonCount_ = 0;
 };
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "sample_host/host/model.h"
-#include "sample_host/models/gltf_numbers.h"
+#include "sample_host/reading/gltf_numbers.h"
 
 namespace sample_host {
 

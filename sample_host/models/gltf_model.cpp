@@ -174,7 +174,7 @@ private:
 
         std::vector<std::size_t> corners;
         if (primitive.indices >= 0) {
-            for (const double index : numbersOf(file_, primitive.indices, std::array<std::size_t, 1>{1}, who).numbers) {
+            for (const double index : numbers(primitive.indices, std::array<std::size_t, 1>{1}, who).numbers) {
                 if (!(index >= 0 && index < double(count))) fail(who + " names a vertex that does not exist");
                 corners.push_back(first + std::size_t(index));
             }
@@ -192,15 +192,22 @@ private:
         }
     }
 
+    GltfNumbers numbers(int accessor, std::span<const std::size_t> widths, const std::string& who) const
+    {
+        GltfNumbers result = numbersOf(file_, accessor, widths, who);
+        if (!result.problem.empty()) fail(result.problem);
+        return result;
+    }
+
     // The numbers of an attribute, one element for each of the vertices; none when the primitive has no such attribute.
     GltfNumbers attribute(const tinygltf::Primitive& primitive, const char* name, std::span<const std::size_t> widths,
                           std::size_t count, const std::string& who) const
     {
         const auto found = primitive.attributes.find(name);
         if (found == primitive.attributes.end()) return {};
-        GltfNumbers numbers = numbersOf(file_, found->second, widths, who + ", " + name);
-        if (numbers.count() < count) fail(who + ": " + name + " has fewer elements than POSITION");
-        return numbers;
+        GltfNumbers values = numbers(found->second, widths, who + ", " + name);
+        if (values.count() < count) fail(who + ": " + name + " has fewer elements than POSITION");
+        return values;
     }
 
     std::size_t addVertices(const tinygltf::Primitive& primitive, const Placement& place, const std::string& who)

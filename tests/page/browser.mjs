@@ -111,4 +111,9 @@ export function goldenFrames() {
     }));
 }
 
+/** The counts of the frames of the page's own scenes: from the scene to its counts. */
+export function goldenCounts() {
+    return JSON.parse(fs.readFileSync(path.join(top, 'tests/sample_host/golden_counts.json'), 'utf8'));
+}
+
 export const still = 'moves=no&size=320x240';

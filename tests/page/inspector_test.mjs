@@ -1,7 +1,9 @@
 // The inspector: what it says about a frame is true, and it changes nothing.
 import assert from 'node:assert/strict';
 import { after, before, test } from 'node:test';
-import { canvasHash, closePage, frameHash, openPage, settled, startBrowser, still, stopBrowser } from './browser.mjs';
+import {
+    canvasHash, closePage, frameHash, goldenCounts, openPage, settled, startBrowser, still, stopBrowser,
+} from './browser.mjs';
 
 before(startBrowser);
 after(stopBrowser);
@@ -102,6 +104,23 @@ test('each face that was tested became something, and the counts add up', () => 
     for (let i = 0; i < count; ++i) if (integers[i * 9 + 2] < 0) wrong.push(`polygon ${i} has no face`);
     return wrong;
 }));
+
+test('the counts are those that the native command says', async () => {
+    const page = await openPage(`#${still}`);
+    for (const [scene, counts] of Object.entries(goldenCounts())) {
+        const inspected = await page.evaluate((name) => {
+            const { renderer } = window.kardeno;
+            renderer.resize(160, 120);
+            renderer.build({
+                scene: renderer.scenes.scenes.findIndex((entry) => entry.name === name), row: 0, bitsPerPixel: 16,
+                state: 1, palettised: false, shading: -1, transparency: -1, largest: 0,
+            });
+            return renderer.inspect(0);
+        }, scene);
+        assert.deepEqual(inspected, counts, scene);
+    }
+    await closePage(page);
+});
 
 test('what is left of a face behind the last plane is the outline of its polygon', () => inEveryScene(() => {
     const { renderer } = window.kardeno;

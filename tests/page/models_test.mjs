@@ -2,33 +2,11 @@
 // nothing.
 import assert from 'node:assert/strict';
 import { after, before, test } from 'node:test';
-import zlib from 'node:zlib';
 import { closePage, frameHash, openPage, settled, startBrowser, still, stopBrowser } from './browser.mjs';
+import { file, give, pixelsOfColour, png } from './given_files.mjs';
 
 before(startBrowser);
 after(stopBrowser);
-
-// A PNG of one colour, 16 x 16.
-function png(red, green, blue) {
-    const chunk = (name, data) => {
-        const body = Buffer.concat([Buffer.from(name), data]);
-        const length = Buffer.alloc(4);
-        length.writeUInt32BE(data.length);
-        const sum = Buffer.alloc(4);
-        let crc = 0xffffffff;
-        for (const byte of body) {
-            crc ^= byte;
-            for (let bit = 0; bit < 8; ++bit) crc = (crc >>> 1) ^ (crc & 1 ? 0xedb88320 : 0);
-        }
-        sum.writeUInt32BE((crc ^ 0xffffffff) >>> 0);
-        return Buffer.concat([length, body, sum]);
-    };
-    const head = Buffer.from([0, 0, 0, 16, 0, 0, 0, 16, 8, 2, 0, 0, 0]);
-    const row = [0, ...Array.from({ length: 16 }, () => [red, green, blue]).flat()];
-    const rows = Buffer.from(Array.from({ length: 16 }, () => row).flat());
-    return Buffer.concat([Buffer.from([137, 80, 78, 71, 13, 10, 26, 10]), chunk('IHDR', head),
-        chunk('IDAT', zlib.deflateSync(rows)), chunk('IEND', Buffer.alloc(0))]);
-}
 
 const tetrahedron = [
     'mtllib things/colours.mtl', 'usemtl painted',
@@ -36,8 +14,6 @@ const tetrahedron = [
     'f 1/1 2/2 3/3', 'f 1/1 3/2 4/3', 'f 1/1 4/2 2/3', 'f 2/1 4/2 3/3', '',
 ].join('\n');
 const colours = 'newmtl painted\nKd 0.2 0.8 0.2\nmap_Kd textures\\paint.png\n';
-
-const file = (name, content) => ({ name, mimeType: '', buffer: Buffer.from(content) });
 
 // The same shape as glTF: positions and indices in one buffer.
 function gltfParts() {
@@ -89,31 +65,6 @@ function glb() {
     return file('shape.glb', Buffer.concat([head, parts]));
 }
 
-async function give(page, files) {
-    await page.evaluate(() => document.getElementById('reading').replaceChildren());
-    await page.setInputFiles('#files', files);
-    await page.waitForFunction(() => {
-        const said = document.getElementById('reading').textContent;
-        return said !== '' && said !== 'Reading the files.';
-    });
-    await settled(page);
-    return page.textContent('#reading');
-}
-
-// How many pixels of the frame have a channel that outweighs the others by far.
-async function pixelsOfColour(page, channel) {
-    return page.evaluate((which) => {
-        const canvas = document.getElementById('frame');
-        const { data } = canvas.getContext('2d').getImageData(0, 0, canvas.width, canvas.height);
-        let count = 0;
-        for (let i = 0; i < data.length; i += 4) {
-            const [own, others] = [data[i + which], [0, 1, 2].filter((c) => c !== which).map((c) => data[i + c])];
-            if (own > 60 && own > 2 * Math.max(...others)) ++count;
-        }
-        return count;
-    }, channel);
-}
-
 test('an OBJ with its material file and image is drawn in the image', async () => {
     const page = await openPage(`#${still}`);
     const said = await give(page,
@@ -143,6 +94,21 @@ test('glTF as text and in one file are drawn alike, in the base colour', async (
     const asText = await frameHash(page);
     assert.equal(await give(page, [glb()]), "The model 'shape' is shown.");
     assert.equal(await frameHash(page), asText);
+    await closePage(page);
+});
+
+test('a corner that a sparse accessor moves is drawn where it was moved to', async () => {
+    const page = await openPage(`#${still}`);
+    await give(page, [gltf()]);
+    const whole = await frameHash(page);
+    // Corner 0, the top, takes the place of corner 1 by an index and a value of the buffer's own.
+    const sparse = gltf((json) => {
+        json.accessors[0].sparse = {
+            count: 1, indices: { bufferView: 1, componentType: 5123 }, values: { bufferView: 0, byteOffset: 12 },
+        };
+    });
+    assert.equal((await give(page, [sparse])).startsWith("The model 'shape' is shown."), true);
+    assert.notEqual(await frameHash(page), whole);
     await closePage(page);
 });
 
@@ -188,7 +154,8 @@ const bad = {
     'text that is no glTF': [[file('bad.gltf', '{"asset": ')], "'bad.gltf' cannot be read as glTF 2.0"],
     'a broken GLB': [[file('bad.glb', 'glTF and nothing else, at all')], "'bad.glb' cannot be read as glTF 2.0"],
     'an accessor beyond its buffer': [
-        [gltf((json) => { json.accessors[0].count = 4000; })], 'go beyond the end of their buffer',
+        [gltf((json) => { json.accessors[0].count = 4000; })],
+        "'shape.gltf': the positions of the mesh 'shape', accessor 0: its elements do not lie inside of a buffer",
     ],
     'an index beyond the positions': [
         [gltf((json) => { json.accessors[0].count = 2; })], 'name a position that is not there',
@@ -202,6 +169,11 @@ const bad = {
     ],
     'nodes in a circle': [
         [gltf((json) => { json.nodes[0].children = [0]; })], 'lies in a circle of nodes',
+    ],
+    'nodes that share their children': [
+        [gltf((json) => {
+            json.nodes = Array.from({ length: 60 }, (unused, i) => ({ children: i < 59 ? [i + 1, i + 1] : [] }));
+        })], 'has more than one parent',
     ],
     'values of another kind': [
         [gltf((json) => { json.meshes = 7; json.nodes[0].mesh = 'one'; })], "'shape.gltf'",
@@ -255,20 +227,42 @@ test('a second model takes the place of the first', async () => {
     await closePage(page);
 });
 
+test('after a module has trapped at a scene, the model from before is shown again from the same place', async () => {
+    const page = await openPage(`#${still}`);
+    await give(page, [gltf()]);
+    await page.evaluate(() => window.kardeno.change({ turn: 0.2 }));
+    await settled(page);
+    const earlier = await frameHash(page);
+    await page.evaluate(() => {
+        const { renderer } = window.kardeno;
+        const { build } = renderer;
+        renderer.build = () => {
+            renderer.build = build;
+            throw new window.WebAssembly.RuntimeError('unreachable');
+        };
+    });
+    const said = await give(page, [file('other.json', '{"objects": []}')]);
+    assert.equal(said, "The files cannot be used: 'other.json' is broken, or larger than the memory of this page.");
+    assert.equal(await frameHash(page), earlier);
+    assert.equal(await page.inputValue('[name=scene]'), 'model');
+    assert.equal(await page.locator('[name=scene] option[value=file]').count(), 0);
+    await closePage(page);
+});
+
 test('after a module has trapped a new one draws the same scene', async () => {
     const page = await openPage(`#${still}&turn=0.2`);
     await settled(page);
     const earlier = await frameHash(page);
     await page.evaluate(() => {
         const { renderer } = window.kardeno;
-        const { readModel } = renderer;
-        renderer.readModel = () => {
-            renderer.readModel = readModel;
+        const { readFiles } = renderer;
+        renderer.readFiles = () => {
+            renderer.readFiles = readFiles;
             throw new window.WebAssembly.RuntimeError('unreachable');
         };
     });
     const said = await give(page, [gltf()]);
-    assert.equal(said, "The model cannot be used: 'shape.gltf' is broken, or larger than the memory of this page.");
+    assert.equal(said, "The files cannot be used: 'shape.gltf' is broken, or larger than the memory of this page.");
     assert.equal(await frameHash(page), earlier);
     assert.equal(await give(page, [gltf()]), "The model 'shape' is shown.");
     await closePage(page);

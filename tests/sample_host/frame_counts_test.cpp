@@ -1,6 +1,6 @@
 #include "sample_host/counts_in_words.h"
 #include "sample_host/host/frame_counts.h"
-#include "sample_host/models/scene_file.h"
+#include "sample_host/reading/scene_file.h"
 #include "sample_host/scenes/own_shapes.h"
 #include "sample_host/scenes/scenes.h"
 #include "tests/sample_host/linked_renderer.h"
@@ -110,16 +110,35 @@ TEST_CASE("the counts are said in words, one thing in the singular, and as JSON"
     counts.pixelsCovered = 200;
     counts.pixelsOfPicture = 800;
     counts.clipped[2] = 5;
-    const std::string text = countsAsText("room", counts);
+    const std::string text = countsAsText("room", counts, std::nullopt);
     CHECK(text.starts_with("room, one frame\n"));
     CHECK(text.find("1 object asked for") != std::string::npos);
     CHECK(text.find("4 vertices prepared") != std::string::npos);
     CHECK(text.find("1 face tested") != std::string::npos);
     CHECK(text.find("right 5,") != std::string::npos);
     CHECK(text.find("300 pixels drawn, 200 of the picture's 800 (25.0 %), 1.50 times each") != std::string::npos);
-    const std::string json = countsAsJson(counts);
+    const std::string json = countsAsJson(counts, std::nullopt);
     CHECK(json.starts_with("{\n  \"objects\": 1,"));
     CHECK(json.find("\"right\": 5") != std::string::npos);
+}
+
+TEST_CASE("what is inside of the renderer is said behind the host's counts, or that it could not be seen")
+{
+    const inspector::FrameSummary inside{.objects = 2,
+                                         .facesTested = 9,
+                                         .facesHidden = 4,
+                                         .facesCut = 3,
+                                         .edges = 1,
+                                         .spans = 77,
+                                         .depthComparisons = 12};
+    const std::string text = countsAsText("room", {}, inside);
+    CHECK(text.find("faces      9 tested: 4 show their backs, ") != std::string::npos);
+    CHECK(text.find("1 edge, 12 depths compared, 77 spans of polygons") != std::string::npos);
+    CHECK(countsAsText("room", {}, std::nullopt).find("not counted: the library draws another frame")
+          != std::string::npos);
+    const std::string json = countsAsJson({}, inside);
+    CHECK(json.find("\"inside\": {\n    \"objects\": 2,\n    \"facesTested\": 9,") != std::string::npos);
+    CHECK(countsAsJson({}, std::nullopt).find("\"inside\": null") != std::string::npos);
 }
 
 TEST_CASE("a pick leads to the material, its row, and the group of the model")

@@ -133,6 +133,29 @@ TEST_CASE("nodes move, turn and stretch their meshes, and a node that mirrors ke
     for (const Vector& normal : mirrored.mesh.normals) CHECK(normal.z == doctest::Approx(1));
 }
 
+TEST_CASE("the corners of a sparse accessor are drawn where the file moves them")
+{
+    // The square's indices begin with 0 and 1, so a run of two of them says that corners 0 and 1 are replaced.
+    const Files files;
+    const auto read = [&](const std::string& sparse) {
+        std::string text = gltf(plainPrimitive);
+        const std::string end = R"("max":[1,1,0]})";
+        text.replace(text.find(end), end.size(), R"("max":[1,1,0],"sparse":)" + sparse + "}");
+        return readGltfModel(files.write("a.gltf", text)).mesh.positions;
+    };
+    // By themselves: nothing moves.
+    const auto same = read(R"({"count":2,"indices":{"bufferView":1,"componentType":5123},"values":{"bufferView":0}})");
+    CHECK(same[0].x == doctest::Approx(-std::sqrt(0.5)));
+    CHECK(same[2].y == doctest::Approx(std::sqrt(0.5)));
+    // Corner 0 takes the place of corner 1, and corner 1 that of corner 2: the square becomes a triangle.
+    const auto moved = read(R"({"count":2,"indices":{"bufferView":1,"componentType":5123},)"
+                            R"("values":{"bufferView":0,"byteOffset":12}})");
+    REQUIRE(moved.size() == 4);
+    CHECK(moved[0].x == doctest::Approx(std::sqrt(0.5)));
+    CHECK(moved[0].y == doctest::Approx(-std::sqrt(0.5)));
+    CHECK(moved[1].y == doctest::Approx(std::sqrt(0.5)));
+}
+
 TEST_CASE("strips and fans become triangles of one direction, and points and lines are left out with a remark")
 {
     const Files files;

@@ -45,6 +45,7 @@ TEST_CASE("-h and --help give the help, and nothing is loaded")
         const Outcome outcome = run({"missing.obj", option});
         CHECK(outcome.exitCode == 0);
         CHECK(outcome.said.starts_with("usage: sample_host"));
+        CHECK(outcome.said.find("In the window:\ndrag or arrow keys") != std::string::npos);
         CHECK(outcome.complained.empty());
     }
 }

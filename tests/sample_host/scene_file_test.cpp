@@ -1,4 +1,4 @@
-#include "sample_host/models/scene_file.h"
+#include "sample_host/models/scene_from_file.h"
 #include "sample_host/scenes/scenes.h"
 #include "tests/sample_host/files.h"
 #include "tests/sample_host/linked_renderer.h"

@@ -158,6 +158,93 @@ TEST_CASE("keys choose how the scene is drawn, from the same place, and tab goes
     CHECK(hand.titleHas("room: "));
 }
 
+TEST_CASE("keys go through shading modes, transparency and sizes of textures, and back to those of the scene")
+{
+    struct Choice {
+        char key;
+        std::vector<const char*> titles;
+    };
+    const Choice choices[]{{'s', {"lit, plain, 160x120", "lit, keyed, 160x120", "lit, added, 160x120"}},
+                           {'h', {"lit, opaque, 160x120", "lit, half transparent, 160x120"}},
+                           {'x',
+                            {"lit, textures up to 128, ", "lit, textures up to 64, ", "lit, textures up to 32, ",
+                             "lit, textures up to 16, ", "lit, textures up to 4, "}}};
+    Hand hand;
+    hand.press(' ');
+    const auto before = hand.pixels();
+    for (const Choice& choice : choices) {
+        CAPTURE(choice.key);
+        for (const char* title : choice.titles) {
+            hand.press(choice.key);
+            CHECK(hand.titleHas(title));
+        }
+        CHECK((hand.pixels() != before));
+        hand.press(choice.key);
+        CHECK(hand.titleHas("room: lit, 160x120"));
+        CHECK((hand.pixels() == before));
+    }
+    hand.press('3');
+    CHECK(hand.titleHas("flat colours"));
+    CHECK((hand.pixels() != before));
+}
+
+TEST_CASE("keys move the near and the far plane, which never change places, and r puts all choices back")
+{
+    Hand hand;
+    hand.press(' ');
+    const auto before = hand.pixels();
+    hand.press('k');
+    CHECK(hand.titleHas("near plane 0.125,")); // a quarter more than the room's
+    hand.press('j');
+    CHECK(!hand.titleHas("near plane"));
+    hand.press('i');
+    CHECK(hand.titleHas("far plane 37.5,"));
+    for (int i = 0; i < 60; ++i) hand.press('k');
+    hand.pixels();
+    CHECK(hand.titleHas("near plane 100, far plane 101,")); // as far as it goes
+    CHECK((hand.pixels() != before));
+    hand.press('s');
+    hand.press('l');
+    hand.press('r');
+    CHECK(hand.titleHas("room: lit, 160x120"));
+    CHECK((hand.pixels() == before));
+}
+
+TEST_CASE("l goes through the levels of detail, which a scene of robots shows, and back to that by the distance")
+{
+    Hand hand;
+    hand.press(Key::tab);
+    hand.press(' ');
+    const auto before = hand.pixels();
+    for (const char* level : {"level 0", "level 1", "level 2"}) {
+        hand.press('l');
+        CHECK(hand.titleHas(level));
+    }
+    CHECK((hand.pixels() != before));
+    hand.press('t'); // what is built anew has the same level
+    CHECK(hand.titleHas("level 2"));
+    hand.press('t');
+    hand.press('l');
+    CHECK(!hand.titleHas("level"));
+    CHECK((hand.pixels() == before));
+}
+
+TEST_CASE("c lets the camera go round, and F1 shows the keys in the picture")
+{
+    Hand hand;
+    hand.press(' ');
+    const auto before = hand.pixels();
+    hand.press('c');
+    CHECK((hand.pixels(1) != before));
+    const auto turned = hand.pixels();
+    hand.press('c');
+    CHECK((hand.pixels(1) == turned));
+    hand.press(Key::help);
+    CHECK((hand.pixels() != turned));
+    hand.press(Key::help);
+    CHECK((hand.pixels() == turned));
+}
+
 TEST_CASE("the frame takes the window's size, within what a frame may have")
 {
     Hand hand;
