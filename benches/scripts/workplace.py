@@ -10,7 +10,7 @@ from figures import markdown_table, text_table
 
 TOP = machine.TOP
 MESH_MODEL = TOP / "cache/mesh_model/bunny.obj"
-MODELS = [TOP / "cache/models/OBJ/spider.obj"]
+MODELS = [TOP / f"cache/models/OBJ/{name}.obj" for name in ("spider", "WusonOBJ", "regr01")]
 
 
 def fail(sentence):
