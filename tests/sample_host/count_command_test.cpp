@@ -33,7 +33,9 @@ TEST_CASE("stats says the counts of the inspector, as the page does, next to tho
     const char* renderer = std::getenv("KARDENO_LIBRARY");
     REQUIRE(renderer);
     const nlohmann::ordered_json golden = goldenCounts();
-    for (const auto& [scene, counts] : golden.items()) {
+    for (const auto& item : golden.items()) {
+        const std::string& scene = item.key();
+        const nlohmann::ordered_json& counts = item.value();
         CAPTURE(scene);
         for (const char* command : {"stats", "--stats"}) {
             const char* arguments[]{command, "--json", "--scene", scene.c_str(), "--size", "160x120"};
