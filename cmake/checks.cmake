@@ -108,6 +108,12 @@ if(NOT KARDENO_SANITIZED)
                 ${CMAKE_CROSSCOMPILING_EMULATOR})
         set_tests_properties(check_packages_vendors_tools PROPERTIES FIXTURES_REQUIRED emulator)
     endif()
+    if(kardeno_symbols_apart)
+        add_test(NAME check_packages_debug_symbols
+            COMMAND ${tools}/check_packages debug_symbols ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/debug_symbols
+                ${CMAKE_NM} ${CMAKE_ADDR2LINE})
+        set_tests_properties(check_packages_debug_symbols PROPERTIES RESOURCE_LOCK build_folder)
+    endif()
     add_test(NAME check_packages_archives
         COMMAND ${tools}/check_packages archives ${CMAKE_BINARY_DIR} ${CMAKE_BINARY_DIR}/packages/archives)
     set_tests_properties(check_packages_archives PROPERTIES RESOURCE_LOCK build_folder)

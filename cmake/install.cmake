@@ -16,6 +16,18 @@ else()
     install(TARGETS kardeno_soft_checked
         RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR})
 endif()
+
+# Debug symbols are a component of their own, which only those get who ask for it. Debuggers look for the symbols of a
+# library beside it.
+if(kardeno_symbols_apart)
+    set(library_folder ${CMAKE_INSTALL_LIBDIR})
+    if(WIN32)
+        set(library_folder ${CMAKE_INSTALL_BINDIR})
+    endif()
+    install(FILES $<TARGET_FILE:kardeno_soft>.debug $<TARGET_FILE:kardeno_soft_checked>.debug
+        DESTINATION ${library_folder} COMPONENT debug EXCLUDE_FROM_ALL)
+endif()
+
 install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/kardeno_soft DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 # find_package(kardeno_soft) gives the target kardeno_soft::kardeno_soft.
@@ -79,6 +91,7 @@ if(NOT PROJECT_IS_TOP_LEVEL)
 endif()
 
 # Archives depend on the sources and the compiler alone: tools/pack makes them, since CPack's own have times and owners.
+# Debug symbols are in a second archive.
 set(kardeno_machine ${CMAKE_SYSTEM_PROCESSOR})
 if(kardeno_machine STREQUAL "i686")
     set(kardeno_machine i386)
@@ -97,6 +110,7 @@ else()
 endif()
 set(CPACK_GENERATOR External)
 set(CPACK_EXTERNAL_ENABLE_STAGING ON)
+set(CPACK_MONOLITHIC_INSTALL ON)
 set(CPACK_EXTERNAL_PACKAGE_SCRIPT ${PROJECT_SOURCE_DIR}/cmake/pack.cmake)
 set(CPACK_PACKAGE_NAME kardeno_soft)
 set(CPACK_PACKAGE_VENDOR kardeno_soft)
@@ -105,4 +119,7 @@ set(CPACK_PACKAGE_FILE_NAME kardeno_soft-${PROJECT_VERSION}-${kardeno_system_and
 set(CPACK_PACKAGE_CHECKSUM SHA256)
 set(CPACK_STRIP_FILES OFF)
 set(CPACK_KARDENO_PACK ${PROJECT_SOURCE_DIR}/tools/pack)
+if(kardeno_symbols_apart)
+    set(CPACK_KARDENO_SYMBOLS_OF ${PROJECT_BINARY_DIR})
+endif()
 include(CPack)

@@ -1,10 +1,11 @@
 # Builds for 64-bit ARM Linux with clang and the headers and libraries of Debian's cross packages (clang-14, lld-14,
-# libstdc++-12-dev-arm64-cross). Debian's own cross compiler cannot be installed beside g++-multilib.
+# llvm-14, libstdc++-12-dev-arm64-cross). Debian's own cross compiler cannot be installed beside g++-multilib.
 set(CMAKE_SYSTEM_NAME Linux)
 set(CMAKE_SYSTEM_PROCESSOR aarch64)
 
 set(CMAKE_C_COMPILER clang-14)
 set(CMAKE_CXX_COMPILER clang++-14)
+set(CMAKE_OBJCOPY llvm-objcopy-14)
 set(CMAKE_C_COMPILER_TARGET aarch64-linux-gnu)
 set(CMAKE_CXX_COMPILER_TARGET aarch64-linux-gnu)
 set(CMAKE_C_FLAGS_INIT --gcc-toolchain=/usr)

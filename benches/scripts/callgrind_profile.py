@@ -18,7 +18,7 @@ COST = re.compile(r"^(?:[+-]?\d+|\*) (\d+)$")
 def stage_of(file):
     """The room and the file of the renderer, such as raster/span_walk.h, or who else it was. None for support/, whose
     instructions belong to those who use them, and for files of the compiler."""
-    parts = PurePosixPath(file).parts[-3:]
+    parts = ("", *PurePosixPath(file).parts)[-3:]
     if len(parts) < 3 or parts[1] == "support":
         return None
     if parts[0] == "sample_host" or parts[1] in ("frames", "sample_host"):

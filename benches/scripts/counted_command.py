@@ -26,7 +26,8 @@ def instructions(options):
         fail("--update is for the counts of this build, not of a library")
     # The same instructions as in the release build, with the names of files and functions beside them.
     build = build_programs(options.build, "kardeno_soft", "frames_bench", folder=f"{options.build}-counted",
-                           settings=["-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG -g", "-DKARDENO_TESTS=OFF"])
+                           settings=["-DCMAKE_CXX_FLAGS_RELEASE=-O2 -DNDEBUG -g", "-DKARDENO_SYMBOLS_APART=OFF",
+                                     "-DKARDENO_TESTS=OFF"])
     libraries = libraries_of(options, build)
     scenes = TOP / "build" / options.build / "bench_scenes"
     cells = drawable(named_cells(counted_cells(scenes), options.scene))

@@ -39,7 +39,8 @@ def commit():
 
 
 def is_flag_of_interest(argument):
-    return argument.startswith(("-m", "-O", "-f", "-std=", "-DNDEBUG")) and not argument.startswith("-fdiagnostics")
+    is_of_code = argument.startswith(("-m", "-O", "-f", "-std=", "-DNDEBUG"))
+    return is_of_code and not argument.startswith(("-fdiagnostics", "-fdebug", "-ffile"))
 
 
 def compiled_with(build):

@@ -124,6 +124,8 @@ class CallgrindProfile(unittest.TestCase):
                             ("/a/sample_host/main.cpp", "host program"),
                             ("/a/benches/frames/neutral_scene.cpp", "host program"),
                             ("/a/host/host_context.h", "host/host_context.h"),
+                            ("raster/span_walk.h", "raster/span_walk.h"), ("./support/lanes.h", None),
+                            ("sample_host/main.cpp", "host program"), ("memset.S", None),
                             ("/usr/include/c++/12/bits/stl_algo.h", None), ("???", None)):
             self.assertEqual(callgrind_profile.stage_of(file), stage, file)
 
@@ -226,6 +228,7 @@ class Scenes(unittest.TestCase):
 
 class Machine(unittest.TestCase):
     def test_flags_that_matter_to_speed_are_told_from_others(self):
-        words = ["g++", "-m32", "-O2", "-DNDEBUG", "-Wall", "-I/a", "-o", "a.o", "-fPIC", "-std=c++20", "-MD", "-MT"]
+        words = ["g++", "-m32", "-O2", "-DNDEBUG", "-Wall", "-I/a", "-o", "a.o", "-fPIC", "-std=c++20", "-MD", "-MT",
+                 "-g", "-ffile-prefix-map=/a/=", "-fdebug-prefix-map=/a/b=."]
         self.assertEqual([word for word in words if machine.is_flag_of_interest(word)],
                          ["-m32", "-O2", "-DNDEBUG", "-fPIC", "-std=c++20"])

@@ -56,6 +56,16 @@ class Pack(ToolTest):
             self.assertEqual(packed.namelist(), ["x-1.0/a.txt", "x-1.0/b/c.txt", "x-1.0/link"])
             self.assertEqual(packed.read("x-1.0/b/c.txt"), b"this is b/c.txt")
 
+    def test_the_folder_in_an_archive_may_be_named(self):
+        self.fill("first", ["a.txt", "b/c.txt"])
+        for ending in ("tar.gz", "zip"):
+            archive = self.folder / f"x-debug.{ending}"
+            self.assert_passes(self.run_tool("pack", self.folder / "first", archive, "x"))
+        with tarfile.open(self.folder / "x-debug.tar.gz") as tar:
+            self.assertEqual(tar.getnames(), ["x/a.txt", "x/b", "x/b/c.txt", "x/link"])
+        with zipfile.ZipFile(self.folder / "x-debug.zip") as packed:
+            self.assertEqual(packed.namelist(), ["x/a.txt", "x/b/c.txt", "x/link"])
+
     def test_other_archives_are_refused(self):
         self.fill("first", ["a.txt", "b/c.txt"])
         run = self.run_tool("pack", self.folder / "first", self.folder / "x.rar")
