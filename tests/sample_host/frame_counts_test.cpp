@@ -1,8 +1,7 @@
 #include "sample_host/counts_in_words.h"
 #include "sample_host/host/frame_counts.h"
 #include "sample_host/reading/scene_file.h"
-#include "sample_host/scenes/own_shapes.h"
-#include "sample_host/scenes/scenes.h"
+#include "tests/sample_host/board_stage.h"
 #include "tests/sample_host/linked_renderer.h"
 
 #include <doctest/doctest.h>
@@ -11,28 +10,11 @@ using namespace sample_host;
 
 namespace {
 
-// Boards as seen from two units away, where 2 reaches from the middle of the picture to its upper edge.
-struct Stage {
-    Engine engine{linkedRendererOfTheTests(), PixelFormat::rgb565};
-    Scene scene{engine, {}};
-    FrameBuffer frame{PixelFormat::rgb565, 160, 120};
-
-    Stage()
-    {
-        scene.camera.distance = 2;
-        scene.camera.height = 0;
-        scene.camera.zoom = 1;
-    }
-    void add(const Board& board, MaterialRecipe recipe = {})
-    {
-        Mesh mesh;
-        addBoard(mesh, 0, board);
-        Material* material = scene.addMaterial(recipe);
-        scene.addObject(mesh, {&material, 1});
-    }
+struct Stage : BoardStage {
+    Stage() : BoardStage(linkedRendererOfTheTests()) {}
 };
 
-constexpr Board middle{{-1, -1, 0}, {2, 0, 0}, {0, 2, 0}};
+constexpr Board middle = boardInTheMiddle;
 
 } // namespace
 

@@ -4,8 +4,7 @@
 //
 // writes tests/sample_host/golden_counts.json anew.
 #include "inspector/frame_summary.h"
-#include "sample_host/scenes/own_shapes.h"
-#include "sample_host/scenes/scenes.h"
+#include "tests/sample_host/board_stage.h"
 #include "tests/sample_host/golden_counts.h"
 #include "tests/support/golden_hashes.h"
 
@@ -18,29 +17,12 @@ using inspector::FrameSummary;
 
 namespace {
 
-// Boards as seen from two units away, where 2 reaches from the middle of the picture to its upper edge.
-struct Stage {
-    Engine engine{inspector::watchedRenderer(), PixelFormat::rgb565};
-    Scene scene{engine, {}};
-    FrameBuffer frame{PixelFormat::rgb565, 160, 120};
-
-    Stage()
-    {
-        scene.camera.distance = 2;
-        scene.camera.height = 0;
-        scene.camera.zoom = 1;
-    }
-    void add(const Board& board, MaterialRecipe recipe = {})
-    {
-        Mesh mesh;
-        addBoard(mesh, 0, board);
-        Material* material = scene.addMaterial(recipe);
-        scene.addObject(mesh, {&material, 1});
-    }
+struct Stage : BoardStage {
+    Stage() : BoardStage(inspector::watchedRenderer()) {}
     FrameSummary counts() { return inspector::drawAndCount(scene, frame, 0); }
 };
 
-constexpr Board middle{{-1, -1, 0}, {2, 0, 0}, {0, 2, 0}};
+constexpr Board middle = boardInTheMiddle;
 
 } // namespace
 
