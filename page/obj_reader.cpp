@@ -1,6 +1,5 @@
 #include "page/read_model.h"
-
-#include <tiny_obj_loader.h>
+#include "sample_host/reading/obj_materials.h"
 
 #include <algorithm>
 #include <map>
@@ -123,29 +122,6 @@ private:
     std::vector<std::string>& remarks_;
 };
 
-u8 channel(float value)
-{
-    return u8(255 * std::clamp(value, 0.0f, 1.0f) + 0.5f);
-}
-
-Colour colour(const float (&values)[3])
-{
-    return {channel(values[0]), channel(values[1]), channel(values[2])};
-}
-
-MaterialRecipe recipe(const tinyobj::material_t& record)
-{
-    MaterialRecipe result;
-    result.name = record.name;
-    result.ambient = colour(record.ambient);
-    result.diffuse = colour(record.diffuse);
-    result.specular = colour(record.specular);
-    result.specularLevel = 100;
-    result.shininess = i32(std::clamp(record.shininess, 0.0f, 100.0f));
-    if (record.dissolve < 0.75f) result.transparency = 50;
-    return result;
-}
-
 // Gives a material its image. One that cannot be had leaves it in its colours.
 void addImage(MaterialRecipe& material, const std::string& path, const GivenFile& file, const GivenFiles& files,
               std::vector<std::string>& remarks)
@@ -187,7 +163,7 @@ ModelReading readObj(const GivenFiles& files, const GivenFile& file)
 
     std::vector<MaterialRecipe> recipes;
     for (std::size_t i = 0; i < materials.size(); ++i) {
-        recipes.push_back(recipe(materials[i]));
+        recipes.push_back(recipeOf(materials[i]));
         if (!materials[i].diffuse_texname.empty())
             addImage(recipes.back(), materials[i].diffuse_texname, *materialFiles.fileOf[i], files, remarks);
     }

@@ -2,6 +2,7 @@
 
 #include "sample_host/models/model_parts.h"
 #include "sample_host/pictures/image_files.h"
+#include "sample_host/reading/colour_channels.h"
 
 #include <algorithm>
 #include <cmath>

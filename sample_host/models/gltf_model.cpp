@@ -4,6 +4,7 @@
 #include "sample_host/models/gltf_materials.h"
 #include "sample_host/models/model_parts.h"
 #include "sample_host/models/outline.h"
+#include "sample_host/reading/colour_channels.h"
 
 #include <algorithm>
 #include <filesystem>

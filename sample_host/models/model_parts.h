@@ -21,10 +21,4 @@ inline bool isFinite(const Vector& v)
 // shading mode. The others are remarked on.
 void useVertexColours(Model& model);
 
-// A number from 0 to 1 as a channel of a colour.
-inline u8 channel(double value)
-{
-    return value > 0 ? u8(255 * (value < 1 ? value : 1) + 0.5) : u8(0);
-}
-
 } // namespace sample_host

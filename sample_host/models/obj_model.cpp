@@ -5,6 +5,7 @@
 #include "sample_host/models/obj_file.h"
 #include "sample_host/models/outline.h"
 #include "sample_host/pictures/image_files.h"
+#include "sample_host/reading/obj_materials.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -15,11 +16,6 @@
 namespace sample_host {
 
 namespace {
-
-Colour colour(const float* values)
-{
-    return {channel(double(values[0])), channel(double(values[1])), channel(double(values[2]))};
-}
 
 // The beginning of a remark on one of a material's values.
 std::string lineOf(const ObjFile::Material& material, std::span<const std::string> values)
@@ -64,33 +60,23 @@ private:
     std::map<std::string, std::shared_ptr<const Image>> images_;
 };
 
-// The renderer knows opaque and half transparent; other opacities become the one that is nearer.
-i32 transparencyOf(const ObjFile::Material& material, std::vector<std::string>& remarks)
+// Says of an opacity that is neither of the two that the renderer knows what becomes of it.
+void remarkOnOpacity(const ObjFile::Material& material, i32 transparency, std::vector<std::string>& remarks)
 {
     const double opacity = double(material.record.dissolve);
-    const i32 transparency = opacity < 0.75 ? 50 : 0;
-    if (std::abs(opacity - (transparency == 0 ? 1 : 0.5)) > 0.005) {
-        std::ostringstream sentence;
-        const std::array<std::string, 2> values{"d", "Tr"};
-        sentence << lineOf(material, values) << "the opacity of the material '" << material.record.name << "' is "
-                 << opacity << ", and it is drawn " << (transparency == 0 ? "opaque" : "half transparent");
-        remarks.push_back(sentence.str());
-    }
-    return transparency;
+    if (!(std::abs(opacity - (transparency == 0 ? 1 : 0.5)) > 0.005)) return;
+    std::ostringstream sentence;
+    const std::array<std::string, 2> values{"d", "Tr"};
+    sentence << lineOf(material, values) << "the opacity of the material '" << material.record.name << "' is "
+             << opacity << ", and it is drawn " << (transparency == 0 ? "opaque" : "half transparent");
+    remarks.push_back(sentence.str());
 }
 
 MaterialRecipe recipe(const ObjFile::Material& material, Images& images, std::vector<std::string>& remarks)
 {
-    const tinyobj::material_t& record = material.record;
-    MaterialRecipe result;
-    result.name = record.name;
-    result.ambient = colour(record.ambient);
-    result.diffuse = colour(record.diffuse);
-    result.specular = colour(record.specular);
-    result.specularLevel = 100;
-    result.shininess = i32(std::clamp(record.shininess, 0.0f, 100.0f));
-    result.transparency = transparencyOf(material, remarks);
-    if (!record.diffuse_texname.empty()) result.image = images.get(material);
+    MaterialRecipe result = recipeOf(material.record);
+    remarkOnOpacity(material, result.transparency, remarks);
+    if (!material.record.diffuse_texname.empty()) result.image = images.get(material);
     return result;
 }
 
@@ -238,7 +224,8 @@ private:
         if (isNew) {
             const Vector normal = corner.normal == ObjFile::none ? Vector{} : normalOf(corner);
             entry->second = mesh_.addVertex(places_[std::size_t(corner.vertex)], normal);
-            if (!file_.colours.empty()) mesh_.colours.push_back(colour(&file_.colours[3 * std::size_t(corner.vertex)]));
+            if (!file_.colours.empty())
+                mesh_.colours.push_back(colourOf(&file_.colours[3 * std::size_t(corner.vertex)]));
         }
         return entry->second;
     }
